@@ -1,0 +1,3 @@
+#pragma once
+
+#define DOM_API __attribute__((visibility("default")))

@@ -1,0 +1,3 @@
+#pragma once
+
+#define FORMULAS_API __attribute__((visibility("default")))

@@ -1,0 +1,3 @@
+#pragma once
+
+#define OFFICEUTILS_API __attribute__((visibility("default")))
