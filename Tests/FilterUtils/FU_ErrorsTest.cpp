@@ -128,7 +128,19 @@ class ErrorFamily : public testing::Test
 };
 
 using Errors = testing::Types<BaseRuntimeError, InternalFilterError, BadNumCastError>;
-TYPED_TEST_SUITE(ErrorFamily, Errors);
+
+struct ErrorNames
+{
+    template <typename Error>
+    static std::string GetName(int)
+    {
+        return std::is_same_v<Error, BaseRuntimeError>      ? "BaseRuntimeError"
+               : std::is_same_v<Error, InternalFilterError> ? "InternalFilterError"
+                                                            : "BadNumCastError";
+    }
+};
+
+TYPED_TEST_SUITE(ErrorFamily, Errors, ErrorNames);
 
 TYPED_TEST(ErrorFamily, IsCaughtAsItselfAsTheRootAndAsARuntimeError)
 {
