@@ -1,0 +1,7 @@
+#include <DOM/Public/GraphicalObject.h>
+
+namespace QV::DOM {
+
+GraphicalObject::~GraphicalObject() = default;
+
+} // namespace QV::DOM

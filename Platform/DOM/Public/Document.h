@@ -1,0 +1,31 @@
+#pragma once
+
+#include <DOM/Public/BlockCollection.h>
+#include <DOM/Public/Export.h>
+#include <DOM/Public/SharedObjectFactory.h>
+
+namespace QV::DOM {
+
+/// A document in memory: its blocks in order (for a workbook, its sheets), and the styles that they share.
+/// One thread at a time; separate documents share nothing.
+class DOM_API Document
+{
+public:
+    Document();
+    ~Document();
+
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    BlockCollection& getBlocks() { return _blocks; }
+    const BlockCollection& getBlocks() const { return _blocks; }
+
+    SharedObjectFactory& getSharedObjectFactory() { return _sharedObjects; }
+    const SharedObjectFactory& getSharedObjectFactory() const { return _sharedObjects; }
+
+private:
+    SharedObjectFactory _sharedObjects;
+    BlockCollection _blocks;
+};
+
+} // namespace QV::DOM
