@@ -64,11 +64,19 @@ function(qv_program source)
     set(qv_program_name ${name} PARENT_SCOPE)
 endfunction()
 
-# qv_test(<source> <library>...): one program and one CTest entry for each test file.
+# qv_test(<source> <library>... [LABELS <label>...]): one program and one CTest entry for each test file. A program
+# that returns 77 is counted as skipped: it lacks its counterpart, and has said which. Labels that ./dev knows:
+# interop (needs packages-interop.txt) and concurrency (runs under ThreadSanitizer too; a target of that name builds all).
 function(qv_test source)
-    qv_program(${source} ${ARGN} GTest::gmock GTest::gtest_main)
+    cmake_parse_arguments(ARG "" "" "LABELS" ${ARGN})
+    qv_program(${source} ${ARG_UNPARSED_ARGUMENTS} GTest::gmock GTest::gtest_main)
     add_test(NAME ${qv_program_name} COMMAND ${qv_program_name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set_tests_properties(${qv_program_name} PROPERTIES LABELS "${ARG_LABELS}" SKIP_RETURN_CODE 77)
+    if("concurrency" IN_LIST ARG_LABELS)
+        add_dependencies(concurrency ${qv_program_name})
+    endif()
 endfunction()
+add_custom_target(concurrency)
 
 # qv_fuzzer(<source> <library>...): a libFuzzer target; without libFuzzer, a program that replays its seeds as a test.
 function(qv_fuzzer source)

@@ -15,7 +15,7 @@ void writeAndAbort(const char* file, int line, const char* expression, boost::st
 {
     const std::string text = fmt::format("{}:{}: assertion failed: {}{}{}\n", file, line, expression,
         message.empty() ? "" : ": ", std::string(message.data(), message.size()));
-    std::fwrite(text.data(), 1, text.size(), stderr);
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr)); // nothing left to tell a failure to
     std::abort();
 }
 

@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Holds include-what-you-use against our headers: each names what it uses, and nothing else.
+
+Usage: check_includes.py [--sources] BUILD_DIR MAPPING. BUILD_DIR has a compile_commands.json of the Clang preset with
+VERIFY_INTERFACE_HEADER_SETS, whose one-include sources give the flags for each header. With --sources it prints what
+the tool says of the sources and never fails: it is right less often there.
+"""
+import concurrent.futures
+import json
+import os
+import pathlib
+import re
+import shlex
+import subprocess
+import sys
+
+DROPPED_FLAGS = {"-Werror", "-c"}
+
+
+def is_ours(path):
+    return path.is_relative_to(pathlib.Path.cwd()) and "build" not in path.relative_to(pathlib.Path.cwd()).parts
+
+
+def jobs_of(commands, sources):
+    """Pairs of file and flags: of each header through the source that only includes it, or of each source."""
+    for command in commands:
+        words = shlex.split(command["command"])
+        source = pathlib.Path(command["file"])
+        end = words.index("-o")
+        compiler = next(i for i, word in enumerate(words) if "clang++" in word)
+        flags = [word for word in words[compiler + 1:end] if word not in DROPPED_FLAGS]
+        if not sources and "_verify_interface_header_sets" in command["command"]:
+            match = re.match(r'#include "?<?([^">]+)', source.read_text(encoding="utf-8"))
+            yield pathlib.Path(match[1]).resolve() if match else None, flags
+        elif sources and is_ours(source) and source.suffix == ".cpp":
+            yield source, flags
+
+
+def check(path, flags, mapping):
+    """The tool's complaints about one file, as lines."""
+    language = ["-x", "c++", "-Wno-pragma-once-outside-header"] if path.suffix == ".h" else []
+    options = [word for option in ("--no_fwd_decls", "--quoted_includes_first", f"--mapping_file={mapping}",
+                                   "--max_line_length=400")
+               for word in ("-Xiwyu", option)]
+    run = subprocess.run(["include-what-you-use", *options, *flags, "-w", *language, str(path)],
+                         stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", check=False)
+    return list(complaints(path.relative_to(pathlib.Path.cwd()), path, run.stdout))
+
+
+def complaints(shown, path, output):
+    remedy = None
+    for line in output.splitlines():
+        if ": error: " in line or "fatal error:" in line:
+            yield line
+        elif line.endswith(" should add these lines:"):
+            remedy = "used here: add the include" if line.startswith(str(path)) else None
+        elif line.endswith(" should remove these lines:"):
+            remedy = "not used here: remove the include" if line.startswith(str(path)) else None
+        elif line.startswith("The full include-list") or not line:
+            remedy = None if line else remedy
+        elif remedy:
+            include = re.search(r"[<\"][^>\"]+[>\"]", line)
+            number = re.search(r"// lines (\d+)-", line)
+            yield f"{shown}:{number[1] if number else 1}: {include[0] if include else line}: {remedy}"
+
+
+def main(arguments):
+    sources = arguments[0] == "--sources"
+    build, mapping = arguments[-2:]
+    commands = json.loads((pathlib.Path(build) / "compile_commands.json").read_text(encoding="utf-8"))
+    work = {path: flags for path, flags in jobs_of(commands, sources) if path}
+    with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
+        found = pool.map(lambda item: check(*item, os.path.abspath(mapping)), sorted(work.items()))
+        lines = [line for file in found for line in file]
+    print("\n".join(lines), end="\n" if lines else "")
+    return 1 if lines and not sources else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
