@@ -25,7 +25,7 @@ function(qv_library name)
     add_library(${name} SHARED ${ARG_SOURCES})
     target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${ARG_ROOT} FILES ${ARG_HEADERS})
     target_link_libraries(${name} PUBLIC ${ARG_USES} PRIVATE ${ARG_USES_PRIVATELY} qv_options)
-    target_link_options(${name} PRIVATE -Wl,--no-undefined)
+    target_link_options(${name} PRIVATE -Wl,--no-undefined -Wl,--exclude-libs,ALL)
     set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
     qv_add_layer(${name} "${ARG_USES}" "${ARG_USES_PRIVATELY}")
