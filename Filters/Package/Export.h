@@ -1,0 +1,3 @@
+#pragma once
+
+#define FILTERS_API __attribute__((visibility("default")))
