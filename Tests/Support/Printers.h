@@ -17,15 +17,15 @@ void PrintTo(const TaggedValue<T, Tag>& value, std::ostream* out)
     *out << value.get();
 }
 
-inline void PrintTo(const CellIndex& cell, std::ostream* out)
+inline std::ostream& operator<<(std::ostream& out, const CellIndex& cell)
 {
-    *out << "row " << cell.getRow().get() << ", column " << cell.getColumn().get();
+    return out << "row " << cell.getRow().get() << ", column " << cell.getColumn().get();
 }
 
-inline void PrintTo(const TableRange& range, std::ostream* out)
+inline std::ostream& operator<<(std::ostream& out, const TableRange& range)
 {
-    *out << "rows [" << range.getBeginRow() << ", " << range.getEndRow() << "), columns ["
-         << range.getBeginColumn() << ", " << range.getEndColumn() << ")";
+    return out << "rows [" << range.getBeginRow() << ", " << range.getEndRow() << "), columns ["
+               << range.getBeginColumn() << ", " << range.getEndColumn() << ")";
 }
 
 } // namespace QV
