@@ -30,8 +30,9 @@ def jobs_of(commands, sources):
         compiler = next(i for i, word in enumerate(words) if "clang++" in word)
         flags = [word for word in words[compiler + 1:end] if word not in DROPPED_FLAGS]
         if not sources and "_verify_interface_header_sets" in command["command"]:
-            match = re.match(r'#include "?<?([^">]+)', source.read_text(encoding="utf-8"))
-            yield pathlib.Path(match[1]).resolve() if match else None, flags
+            name = re.match(r"#include <([^>]+)>", source.read_text(encoding="utf-8"))[1]
+            roots = [pathlib.Path(flag[2:]) for flag in flags if flag.startswith("-I")]
+            yield next(root / name for root in roots if (root / name).is_file()), flags
         elif sources and is_ours(source) and source.suffix == ".cpp":
             yield source, flags
 
@@ -44,31 +45,33 @@ def check(path, flags, mapping):
                for word in ("-Xiwyu", option)]
     run = subprocess.run(["include-what-you-use", *options, *flags, "-w", *language, str(path)],
                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", check=False)
-    return list(complaints(path.relative_to(pathlib.Path.cwd()), path, run.stdout))
+    shown = path.relative_to(pathlib.Path.cwd())
+    if f"({path} has correct" not in run.stdout and f"{path} should add these lines:" not in run.stdout:
+        return [f"{shown}:1: include-what-you-use came to no verdict: {run.stdout}"]
+    return list(complaints(shown, path, run.stdout))
 
 
 def complaints(shown, path, output):
     remedy = None
     for line in output.splitlines():
-        if ": error: " in line or "fatal error:" in line:
-            yield line
-        elif line.endswith(" should add these lines:"):
+        if line.endswith(" should add these lines:"):
             remedy = "used here: add the include" if line.startswith(str(path)) else None
         elif line.endswith(" should remove these lines:"):
             remedy = "not used here: remove the include" if line.startswith(str(path)) else None
         elif line.startswith("The full include-list") or not line:
             remedy = None if line else remedy
         elif remedy:
-            include = re.search(r"[<\"][^>\"]+[>\"]", line)
+            include = re.search(r"#include ([<\"][^>\"]+[>\"])", line)
             number = re.search(r"// lines (\d+)-", line)
-            yield f"{shown}:{number[1] if number else 1}: {include[0] if include else line}: {remedy}"
+            if include:  # else a forward declaration, which is a matter of taste
+                yield f"{shown}:{number[1] if number else 1}: {include[1]}: {remedy}"
 
 
 def main(arguments):
     sources = arguments[0] == "--sources"
     build, mapping = arguments[-2:]
     commands = json.loads((pathlib.Path(build) / "compile_commands.json").read_text(encoding="utf-8"))
-    work = {path: flags for path, flags in jobs_of(commands, sources) if path}
+    work = dict(jobs_of(commands, sources))
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
         found = pool.map(lambda item: check(*item, os.path.abspath(mapping)), sorted(work.items()))
         lines = [line for file in found for line in file]
