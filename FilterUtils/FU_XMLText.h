@@ -1,0 +1,24 @@
+#pragma once
+
+/// @file
+/// UTF-16 of the XML parser <-> UTF-8 of everybody else. Private to the library.
+
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include <boost/optional.hpp>
+#include <boost/utility/string_ref.hpp>
+#include <xercesc/util/XercesDefs.hpp>
+
+namespace QV::FilterUtils {
+
+static_assert(std::is_same_v<XMLCh, char16_t>, "the parser's text is looked at through std::u16string_view");
+
+/// Appends @p text as UTF-8; an unpaired surrogate becomes U+FFFD.
+void appendUtf8(std::string& result, std::u16string_view text);
+
+/// The text as UTF-16; or nothing, where it is not UTF-8 (surrogates and overlong forms are not).
+boost::optional<std::u16string> convertUtf8ToUtf16(boost::string_ref text);
+
+} // namespace QV::FilterUtils
