@@ -10,13 +10,13 @@ namespace QV::DOM {
 
 /// How far two numbers of a type may differ, relative to the larger, and still count as equal.
 template <typename T>
-constexpr T FuzzyTolerance = T();
+inline constexpr T FuzzyTolerance = T();
 
 template <>
-constexpr float FuzzyTolerance<float> = 0x1p-20F;
+inline constexpr float FuzzyTolerance<float> = 0x1p-20F;
 
 template <>
-constexpr double FuzzyTolerance<double> = 0x1p-49;
+inline constexpr double FuzzyTolerance<double> = 0x1p-49;
 
 /// Whether @p value is finite and its magnitude is below 2^-20: such a float counts as zero.
 inline bool isNearZero(float value)
