@@ -1,0 +1,166 @@
+#!/usr/bin/python3
+"""The slow reader in the clothes of the program: it proves that the comparison sees what it must see.
+
+Usage: fake_import.py import FILE --model OUT --report OUT --media DIR --ids sequential
+The variable QV_FAKE_DAMAGE names one thing to spoil in the output; see DAMAGES.
+"""
+import argparse
+import hashlib
+import json
+import math
+import os
+import pathlib
+import sys
+
+from sheet_reader import Unreadable, WorkbookReader, reference
+
+
+def cell_model(at, cell):
+    model = {"ref": reference(at)}
+    if cell.kind not in ("", "bad"):
+        model.update(type=cell.kind, value=cell.value)
+    if cell.has_formula:
+        model["formula"] = cell.formula
+    return model
+
+
+def sheet_model(number, sheet, media):
+    frames = []
+    for picture in sheet.pictures:
+        name = hashlib.sha256(picture.content).hexdigest() + pathlib.PurePosixPath(picture.name).suffix
+        media[name] = picture.content
+        frames.append({"kind": "picture", "media": name})
+    return {
+        "id": f"id{number}", "name": sheet.name,
+        "rows": max([at[0] for at in sheet.cells] + [1]), "columns": max([at[1] for at in sheet.cells] + [1]),
+        "visible": sheet.visible,
+        "cells": [cell_model(at, cell) for at, cell in sorted(sheet.cells.items())],
+        "merges": [f"{reference(first)}:{reference(last)}" for first, last in sheet.merges],
+        "frames": frames,
+    }
+
+
+def valued(model, kind):
+    return next((cell for table in model["tables"] for cell in table["cells"] if cell.get("type") == kind), None)
+
+
+def one_ulp(model, _):
+    cell = valued(model, "number")
+    cell["value"] = math.nextafter(cell["value"], math.inf)
+
+
+def trailing_blank(model, _):
+    valued(model, "text")["value"] += " "
+
+
+def number_as_text(model, _):
+    valued(model, "number")["type"] = "text"
+
+
+def boolean_flipped(model, _):
+    cell = valued(model, "boolean")
+    cell["value"] = not cell["value"]
+
+
+def error_as_text(model, _):
+    valued(model, "error")["type"] = "text"
+
+
+def cell_lost(model, _):
+    model["tables"][0]["cells"].remove(valued(model, "number"))
+
+
+def cell_invented(model, _):
+    model["tables"][0]["cells"].append({"ref": "Z99", "type": "number", "value": 1})
+
+
+def cell_twice(model, _):
+    model["tables"][0]["cells"].append(dict(model["tables"][0]["cells"][-1]))
+
+
+def cells_unordered(model, _):
+    model["tables"][0]["cells"].reverse()
+
+
+def formula_lost(model, _):
+    next(cell for cell in model["tables"][0]["cells"] if cell.pop("formula", None))
+
+
+def formula_altered(model, _):
+    cell = next(cell for cell in model["tables"][0]["cells"] if "formula" in cell)
+    cell["formula"] += "+1"
+
+
+def sheet_renamed(model, _):
+    model["tables"][0]["name"] += "s"
+
+
+def sheets_swapped(model, _):
+    model["tables"].reverse()
+
+
+def sheet_shown(model, _):
+    model["tables"][-1]["visible"] ^= True
+
+
+def rows_short(model, _):
+    model["tables"][0]["rows"] = 1
+
+
+def merge_lost(model, _):
+    model["tables"][0]["merges"].pop()
+
+
+def merges_reordered(model, _):
+    model["tables"][0]["merges"].reverse()
+
+
+def picture_lost(model, _):
+    model["tables"][0]["frames"].pop()
+
+
+def picture_altered(_, media):
+    name = next(iter(media))
+    media[name] = media[name][:-1] + b"?"
+
+
+DAMAGES = {function.__name__: function for function in (
+    one_ulp, trailing_blank, number_as_text, boolean_flipped, error_as_text, cell_lost, cell_invented, cell_twice,
+    cells_unordered, formula_lost, formula_altered, sheet_renamed, sheets_swapped, sheet_shown, rows_short, merge_lost,
+    merges_reordered, picture_lost, picture_altered)}
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("command", choices=["import"])
+    parser.add_argument("file")
+    parser.add_argument("--model", required=True)
+    parser.add_argument("--report", required=True)
+    parser.add_argument("--media", required=True)
+    parser.add_argument("--ids")
+    options = parser.parse_args()
+    try:
+        sheets = WorkbookReader(options.file).sheets
+    except Unreadable as error:
+        print(error, file=sys.stderr)
+        return 1
+    media, lost = {}, 0
+    tables = [sheet_model(number, sheet, media) for number, sheet in enumerate(sheets, 1)]
+    model = {"format": "xlsx", "tables": tables, "links": [], "media": []}
+    lost = sum(cell.kind == "bad" for sheet in sheets for cell in sheet.cells.values())
+    damage = os.environ.get("QV_FAKE_DAMAGE")
+    if damage:
+        DAMAGES[damage](model, media)
+    model["media"] = [{"id": name, "bytes": len(content)} for name, content in media.items()]
+    folder = pathlib.Path(options.media)
+    folder.mkdir(parents=True, exist_ok=True)
+    for name, content in media.items():
+        (folder / name).write_bytes(content)
+    pathlib.Path(options.model).write_text(json.dumps(model), encoding="utf-8")
+    messages = [{"text": "bad value"}] * (lost + sum(sheet.refused_merges + sheet.bad_places for sheet in sheets))
+    pathlib.Path(options.report).write_text(json.dumps({"messages": messages}), encoding="utf-8")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
