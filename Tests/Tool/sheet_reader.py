@@ -48,6 +48,12 @@ class Sheet:
     refused_merges: int = 0
     pictures: list = field(default_factory=list)
     bad_places: int = 0  # rows and cells whose place nobody can read, or beyond the grid
+    rows_named: int = 0  # the last row and column that a row, cell, column or merge names
+    columns_named: int = 0
+
+    def name_place(self, row, column):
+        self.rows_named = max(self.rows_named, row)
+        self.columns_named = max(self.columns_named, column)
 
 
 class Package:
@@ -243,6 +249,8 @@ class _SheetReader:
                     stack[-1].remove(node)
                 elif name == "mergeCells":
                     self._read_merges(node)
+                elif name == "col" and re.fullmatch("[0-9]{1,5}", node.get("max", "")):
+                    self._sheet.name_place(0, min(int(node.get("max")), MAX_COLUMNS))
                 elif name == "drawing" and len(stack) == 1:
                     kind, target, external = relations.get(related(node, "id"), ("", "", True))
                     if kind == "drawing" and not external and self._package.has(target):
@@ -254,6 +262,7 @@ class _SheetReader:
             self._sheet.bad_places += 1
             return False
         self._row, self._column = number, 0
+        self._sheet.name_place(number, 0)
         return True
 
     def _read_cell(self, node):
@@ -275,6 +284,7 @@ class _SheetReader:
         if text is not None:
             self._set_value(cell, node.get("t", "n"), text)
         self._sheet.cells[at] = cell
+        self._sheet.name_place(*at)
 
     def _set_value(self, cell, kind, text):
         if kind == "str":
@@ -320,6 +330,7 @@ class _SheetReader:
                 self._sheet.refused_merges += 1
                 continue
             self._sheet.merges.append((first, last))
+            self._sheet.name_place(*last)
 
     def _read_pictures(self, part):
         relations = self._package.relations(part)

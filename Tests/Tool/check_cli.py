@@ -1,0 +1,270 @@
+#!/usr/bin/python3
+"""Holds `qvfilter import` to its contract: exit statuses, streams, outputs, order of keys, repeatability.
+
+Usage: check_cli.py QVFILTER SAMPLES_FOLDER [unittest options]
+"""
+import json
+import os
+import pathlib
+import random
+import re
+import shutil
+import sys
+import tempfile
+import unittest
+
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parent.parent / "Samples"))
+# pylint: disable=wrong-import-position
+from package_parts import number, row, workbook, write_package
+from tool_runner import allowance, run
+
+PROGRAM, SAMPLES = "", pathlib.Path()
+UUID = re.compile(r"[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}")
+
+# The documented keys of each object, in their order; others may stand between them.
+KEYS = {
+    "model": ["format", "tables", "links", "media"],
+    "table": ["id", "name", "rows", "columns", "visible", "defaultColumnWidth", "defaultRowHeight", "columnWidths",
+              "rowHeights", "cells", "merges", "frames", "pivotTables"],
+    "cell": ["ref", "type", "value", "formula", "format", "hyperlink", "fill", "borders", "bold", "italic", "fontSize",
+             "fontColor", "fontName"],
+    "frame": ["kind", "media", "mimeType", "anchor", "absolute", "rotation"],
+    "anchor": ["type", "from", "to"],
+    "media": ["id", "mimeType", "bytes"],
+}
+OPTIONAL = {"pivotTables"} | set(KEYS["cell"][1:]) | set(KEYS["frame"][1:]) | {"to"}
+
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name).resolve()
+        self.orders = SAMPLES / "orders.xlsx"
+
+    def call(self, *arguments, **options):
+        options.setdefault("timeout", 60 * allowance(PROGRAM).time)
+        options.setdefault("cwd", self.folder)
+        return run([PROGRAM, *map(str, arguments)], **options)
+
+    def expect(self, status, *arguments, **options):
+        outcome = self.call(*arguments, **options)
+        self.assertEqual(outcome.status, status, (arguments, outcome.stdout[:500], outcome.stderr[:500]))
+        if status in (1, 4):
+            self.assertEqual(len(outcome.error_lines()), 1, outcome.stderr)
+            self.assertTrue(outcome.stderr.endswith(b"\n"))
+        return outcome
+
+    def model_of(self, *arguments, **options):
+        outcome = self.expect(0, "import", *arguments, "--model", "-", "--ids", "sequential", **options)
+        self.assertEqual(outcome.stderr, b"")
+        return json.loads(outcome.stdout)
+
+    def assert_only(self, *names):
+        self.assertEqual(sorted(path.name for path in self.folder.iterdir()), sorted(names))
+
+
+class Usage(Case):
+    def test_wrong_usage_is_status_2_and_says_why_on_stderr(self):
+        for arguments in ([], ["improt", self.orders], ["import"], ["import", self.orders, "--modle", "x"],
+                          ["import", self.orders, "--ids", "random"], ["import", self.orders, "--model"],
+                          ["import", self.orders, self.orders]):
+            with self.subTest(arguments):
+                outcome = self.expect(2, *arguments)
+                self.assertEqual(outcome.stdout, b"")
+                self.assertTrue(outcome.stderr.strip())
+                self.assert_only()
+
+    def test_help_is_on_stdout(self):
+        outcome = self.expect(0, "--help")
+        self.assertIn(b"import", outcome.stdout)
+        self.assertEqual(outcome.stderr, b"")
+        outcome = self.expect(0, "import", "--help")
+        for option in (b"--model", b"--report", b"--media", b"--ids"):
+            self.assertIn(option, outcome.stdout)
+
+    def test_version_is_one_line(self):
+        outcome = self.expect(0, "--version")
+        self.assertRegex(outcome.stdout.decode(), r"\A(qvfilter )?\d+\.\d+\.\d+\n\Z")
+
+
+class Input(Case):
+    def test_missing_file_is_named(self):
+        outcome = self.expect(1, "import", "no such.xlsx", "--model", "model.json")
+        self.assertIn(b"no such.xlsx", outcome.stderr)
+        self.assert_only()
+
+    def test_folder_is_no_document(self):
+        (self.folder / "folder.xlsx").mkdir()
+        self.expect(1, "import", "folder.xlsx", "--model", "model.json")
+        self.assert_only("folder.xlsx")
+
+    def test_refused_input_leaves_old_outputs_alone(self):
+        (self.folder / "harm.xlsx").write_bytes(b"no package")
+        for name in ("model.json", "report.json"):
+            (self.folder / name).write_text("old", encoding="utf-8")
+        self.expect(1, "import", "harm.xlsx", "--model", "model.json", "--report", "report.json", "--media", "media")
+        self.assert_only("harm.xlsx", "model.json", "report.json")
+        self.assertEqual((self.folder / "model.json").read_text(encoding="utf-8"), "old")
+        self.assertEqual((self.folder / "report.json").read_text(encoding="utf-8"), "old")
+
+    def test_standard_input_is_read_as_a_file_is(self):
+        self.assertEqual(self.model_of("-", stdin=self.orders.read_bytes()), self.model_of(self.orders))
+        self.expect(1, "import", "-", "--model", "-", stdin=b"")
+        self.expect(1, "import", "-", "--model", "-", stdin=self.orders.read_bytes()[:3000])
+
+    def test_name_of_the_file_does_not_matter(self):
+        model = self.model_of(self.orders)
+        for name in ("Bücher & mehr.xlsx", "no extension", "wrong.docx", "a\nb.xlsx"):
+            shutil.copy(self.orders, self.folder / name)
+            self.assertEqual(self.model_of(name), model, name)
+        shutil.copy(self.orders, self.folder / "-x.xlsx")
+        outcome = self.expect(0, "import", "--model", "-", "--ids", "sequential", "--", "-x.xlsx")
+        self.assertEqual(json.loads(outcome.stdout), model)
+
+
+class Output(Case):
+    def test_model_and_report_on_stdout_are_the_files(self):
+        self.expect(0, "import", self.orders, "--model", "model.json", "--report", "report.json", "--ids", "sequential")
+        for option in ("model", "report"):
+            outcome = self.expect(0, "import", self.orders, f"--{option}", "-", "--ids", "sequential")
+            self.assertEqual(outcome.stdout, (self.folder / f"{option}.json").read_bytes())
+            self.assertTrue(outcome.stdout.endswith(b"\n"))
+            self.assertEqual(outcome.stderr, b"")
+        self.assert_only("model.json", "report.json")
+
+    def test_old_outputs_are_replaced_whole(self):
+        (self.folder / "model.json").write_bytes(b"x" * 1000000)
+        outcome = self.expect(0, "import", self.orders, "--model", "model.json", "--ids", "sequential")
+        self.assertEqual(outcome.stdout, b"")
+        self.assertEqual(json.loads((self.folder / "model.json").read_bytes()), self.model_of(self.orders))
+
+    def test_unwritable_outputs_are_status_4_and_leave_nothing(self):
+        (self.folder / "file").write_bytes(b"")
+        (self.folder / "folder").mkdir()
+        for option in ("--model", "--report"):
+            for target in ("nowhere/out.json", "file/out.json", "folder"):
+                with self.subTest((option, target)):
+                    outcome = self.expect(4, "import", self.orders, option, target)
+                    self.assertIn(target.partition("/")[0].encode(), outcome.stderr)
+                    self.assertEqual(outcome.stdout, b"")
+                    self.assert_only("file", "folder")
+                    self.assertEqual(list((self.folder / "folder").iterdir()), [])
+        for target in ("file", "file/media"):
+            self.expect(4, "import", self.orders, "--media", target)
+            self.assert_only("file", "folder")
+        self.assertEqual((self.folder / "file").read_bytes(), b"")
+
+    def test_full_device_is_status_4(self):
+        with open("/dev/full", "wb") as full:
+            for arguments in (["--model", "-"], ["--report", "-"], []):
+                self.expect(4, "import", self.orders, *arguments, stdout=full)
+
+    def test_closed_pipe_is_status_4(self):
+        for arguments in (["--model", "-"], ["--report", "-"], []):
+            end, begin = os.pipe()
+            os.close(end)
+            try:
+                self.expect(4, "import", self.orders, *arguments, stdout=begin)
+            finally:
+                os.close(begin)
+
+    def test_media_folder_holds_what_the_model_names(self):
+        (self.folder / "deep").mkdir()
+        self.expect(0, "import", self.orders, "--model", "model.json", "--media", "deep/media", "--ids", "sequential")
+        model = json.loads((self.folder / "model.json").read_bytes())
+        files = {path.name: path.stat().st_size for path in (self.folder / "deep/media").iterdir()}
+        self.assertEqual(files, {entry["id"]: entry["bytes"] for entry in model["media"]})
+        self.assertEqual([entry["mimeType"] for entry in model["media"]], ["image/png", "image/jpeg"])
+        self.assert_only("deep", "model.json")
+
+    def test_without_media_folder_no_picture_is_left(self):
+        self.model_of(self.orders)
+        self.assert_only()
+
+    def test_summary_is_for_a_person(self):
+        outcome = self.expect(0, "import", self.orders)
+        text = outcome.stdout.decode()
+        for word in ("Orders", "Summary", "Rates 2024"):
+            self.assertIn(word, text)
+        self.assertNotIn("\x1b", text)
+        self.assertNotIn("\r", text)
+        self.assertEqual(outcome.stderr, b"")
+        self.assert_only()
+
+
+class Model(Case):
+    def assert_keys(self, kind, value):
+        keys = [key for key in value if key in KEYS[kind]]
+        self.assertEqual(keys, [key for key in KEYS[kind] if key in value], (kind, value.keys()))
+        for key in KEYS[kind]:
+            if key not in OPTIONAL:
+                self.assertIn(key, value, kind)
+
+    def test_keys_keep_their_order(self):
+        model = self.model_of(self.orders)
+        self.assert_keys("model", model)
+        for table in model["tables"]:
+            self.assert_keys("table", table)
+            for cell in table["cells"]:
+                self.assert_keys("cell", cell)
+            for frame in table["frames"]:
+                self.assert_keys("frame", frame)
+                self.assert_keys("anchor", frame["anchor"])
+        for entry in model["media"]:
+            self.assert_keys("media", entry)
+
+    def test_numbers_read_back_to_the_same_double(self):
+        source = random.Random(20240229)
+        texts = ["0.1", "0.10000000000000001", "1e-7", "4.9406564584124654E-324", "1.7976931348623157e308", "123456789012345678",
+                 "9007199254740993", "-0.5", "5e-324", "2.2250738585072011e-308", "1E+2", "+7", "00012", ".5", "5."]
+        texts += [repr(source.uniform(-1, 1) * 10 ** source.randint(-300, 300)) for _ in range(2000)]
+        texts += [f"{source.getrandbits(62)}" for _ in range(200)]
+        body = "".join(row(index, [number(f"A{index}", text)]) for index, text in enumerate(texts, 1))
+        write_package(self.folder / "numbers.xlsx", workbook([("N", "visible", f"<sheetData>{body}</sheetData>")]))
+        cells = self.model_of("numbers.xlsx")["tables"][0]["cells"]
+        self.assertEqual([float(cell["value"]) for cell in cells], [float(text) for text in texts])
+
+    def test_sequential_ids_make_two_runs_the_same(self):
+        for name in ("first", "second"):
+            self.expect(0, "import", self.orders, "--model", f"{name}.json", "--report", f"{name}.txt", "--media", name,
+                        "--ids", "sequential")
+        for first, second in (("first.json", "second.json"), ("first.txt", "second.txt")):
+            self.assertEqual((self.folder / first).read_bytes(), (self.folder / second).read_bytes())
+        self.assertEqual({path.name: path.read_bytes() for path in (self.folder / "first").iterdir()},
+                         {path.name: path.read_bytes() for path in (self.folder / "second").iterdir()})
+        self.assertRegex((self.folder / "first.json").read_text(encoding="utf-8"), r'"id": ?"id\d+"')
+
+    def test_ids_are_uuids_otherwise(self):
+        for arguments in ([], ["--ids", "uuid"]):
+            models = [json.loads(self.expect(0, "import", self.orders, "--model", "-", *arguments).stdout) for _ in "12"]
+            ids = [[table["id"] for table in model["tables"]] for model in models]
+            for table_id in ids[0] + ids[1]:
+                self.assertRegex(table_id, UUID)
+            self.assertEqual(len(set(ids[0] + ids[1])), 6)
+
+    def test_neither_locale_nor_time_zone_matters(self):
+        plain = self.expect(0, "import", self.orders, "--model", "-", "--ids", "sequential").stdout
+        for change in ({"LC_ALL": "C"}, {"LC_ALL": "C.UTF-8"}, {"LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8"},
+                       {"TZ": "Asia/Kathmandu"}, {"LC_ALL": "no such locale"}):
+            environment = {**os.environ, **change}
+            outcome = self.expect(0, "import", self.orders, "--model", "-", "--ids", "sequential", environment=environment)
+            self.assertEqual(outcome.stdout, plain, change)
+            self.assertEqual(outcome.stderr, b"")
+
+    def test_works_without_any_environment(self):
+        self.expect(0, "import", self.orders, "--model", "-", environment={})
+
+    def test_bad_values_are_reported_and_the_rest_is_there(self):
+        outcome = self.expect(0, "import", SAMPLES / "bad-values.xlsx", "--report", "-")
+        messages = json.loads(outcome.stdout)["messages"]
+        self.assertGreaterEqual(len(messages), 10)
+        for message in messages:
+            self.assertTrue(message["text"])
+
+
+if __name__ == "__main__":
+    PROGRAM, SAMPLES = os.path.realpath(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
+    del sys.argv[1:3]
+    unittest.main()

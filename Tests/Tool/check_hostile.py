@@ -1,0 +1,69 @@
+#!/usr/bin/python3
+"""Feeds packages that were made to do harm to the program, and watches it.
+
+Usage: check_hostile.py QVFILTER [--only NAME] [--keep FOLDER]
+The packages are made anew in a temporary folder; --keep writes them to FOLDER for a closer look.
+"""
+import argparse
+import io
+import pathlib
+import re
+import sys
+import tempfile
+
+import file_trace
+import hostile_packages
+import hostile_parts
+from compare_rules import compare_model
+from sheet_reader import WorkbookReader
+from watched_import import Watcher
+
+
+def problems_of(case, watcher, path):
+    """What is wrong with the program's answer to one case."""
+    content = case.make()
+    path.write_bytes(content)
+
+    def compare(verdict, media):
+        if not case.compare:
+            return []
+        sheets = WorkbookReader(io.BytesIO(content)).sheets
+        return [str(tuple(found)) for found in compare_model(verdict.model, media, verdict.messages, sheets)]
+
+    verdict = watcher.watch(path, compare)
+    problems = verdict.problems
+    if verdict.status not in case.statuses:
+        problems.append(f"expected status {sorted(case.statuses)}, got {verdict.status}: {verdict.line[:300]!r}")
+    said = [verdict.line] if verdict.status == 1 else verdict.messages
+    if case.says and not any(re.search(case.says, text) for text in said):
+        problems.append(f"expected to hear {case.says!r}, heard {said[:5]}")
+    return problems
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("program")
+    parser.add_argument("--only", default="")
+    parser.add_argument("--keep", type=pathlib.Path)
+    options = parser.parse_args()
+    cases = [case for case in hostile_packages.CASES + hostile_parts.CASES if options.only in case.name]
+    if not file_trace.STRACE:
+        print("strace is not installed: system calls are not watched")
+    watcher, wrong = Watcher(options.program), 0
+    with tempfile.TemporaryDirectory() as name:
+        folder = options.keep or pathlib.Path(name)
+        folder.mkdir(parents=True, exist_ok=True)
+        for case in cases:
+            path = folder / f"{case.name}.xlsx"
+            problems = problems_of(case, watcher, path)
+            wrong += bool(problems)
+            for problem in problems:
+                print(f"{case.name}: {problem}"[:1200])
+            if not options.keep:
+                path.unlink()
+    print(f"{len(cases)} packages, {wrong} of them with problems")
+    return 1 if wrong or not cases else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

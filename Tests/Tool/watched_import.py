@@ -1,0 +1,115 @@
+"""One import of a file that nobody trusts, watched: time, memory, outputs, stray files, system calls."""
+import json
+import os
+import pathlib
+import tempfile
+from dataclasses import dataclass, field
+
+import file_trace
+from tool_runner import GIB, allowance, run
+
+SECONDS = 10
+
+
+@dataclass
+class Verdict:
+    status: int = 0
+    line: str = ""  # what stderr says
+    messages: list = field(default_factory=list)  # the report's, as one text each
+    model: dict = None
+    problems: list = field(default_factory=list)
+
+
+def message_text(message):
+    """One message as a person would read it: its pattern, then its arguments."""
+    if isinstance(message, str):
+        return message
+    return " ".join([message["text"], *map(str, message.get("arguments", []))])
+
+
+class Watcher:
+    """Imports files with one program, each in a fresh folder; on_done(verdict, media folder) sees the outputs."""
+
+    def __init__(self, program):
+        self._program = os.path.realpath(program)
+        self._allowance = allowance(program)
+
+    def watch(self, source, on_done=None):
+        verdict = self._watch_once(source, traced=False, on_done=on_done)
+        if file_trace.STRACE:
+            again = self._watch_once(source, traced=True)
+            verdict.problems += [problem for problem in again.problems if problem not in verdict.problems]
+            if again.status != verdict.status:
+                verdict.problems.append(f"status {verdict.status} at first, then {again.status}")
+        return verdict
+
+    def _watch_once(self, source, traced, on_done=None):
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name).resolve()
+            for part in ("work", "out", "temporary"):
+                (folder / part).mkdir()
+            out = folder / "out"
+            command = [self._program, "import", str(source), "--model", str(out / "model.json"), "--report",
+                       str(out / "report.json"), "--media", str(out / "media"), "--ids", "sequential"]
+            log = folder / "calls"
+            if traced:
+                command = file_trace.command(log, command)
+            outcome = run(command, timeout=(60 if traced else SECONDS) * self._allowance.time, cwd=folder / "work",
+                          environment=self._environment(folder / "temporary", traced),
+                          limit_memory=0 if traced or self._allowance.instrumented else 8 * GIB)
+            verdict = Verdict(outcome.status, outcome.stderr.decode("utf-8", "replace"))
+            self._judge_bounds(outcome, traced, verdict.problems)
+            self._judge_outputs(outcome, folder, verdict)
+            if traced:
+                libraries = pathlib.Path(self._program).parent.parent / "lib"
+                verdict.problems += file_trace.trespasses(log, [source, self._program, libraries], [out])
+            if on_done and verdict.model is not None:
+                verdict.problems += on_done(verdict, out / "media")
+            return verdict
+
+    def _environment(self, temporary, traced):
+        environment = {**os.environ, "TMPDIR": str(temporary)}
+        if traced and self._allowance.instrumented:  # the leak checker cannot work under a tracer
+            environment["ASAN_OPTIONS"] = environment.get("ASAN_OPTIONS", "") + ":detect_leaks=0"
+        return environment
+
+    def _judge_bounds(self, outcome, traced, problems):
+        if outcome.timed_out:
+            problems.append(f"took more than {SECONDS * self._allowance.time} s")
+        elif not traced and outcome.peak_bytes > GIB * self._allowance.memory:
+            problems.append(f"took {outcome.peak_bytes / GIB:.2f} GiB")
+
+    @staticmethod
+    def _judge_outputs(outcome, folder, verdict):
+        present = {path.relative_to(folder).as_posix() for path in folder.rglob("*")} - {"work", "out", "temporary", "calls"}
+        stray = sorted(path for path in present if not path.startswith("out/"))
+        if stray:
+            verdict.problems.append(f"left behind: {stray}")
+        if outcome.stdout:
+            verdict.problems.append(f"wrote to stdout: {outcome.stdout[:99]!r}")
+        if verdict.status == 1:
+            lines = verdict.line.splitlines()
+            if len(lines) != 1 or not lines[0].strip() or not verdict.line.endswith("\n"):
+                verdict.problems.append(f"one line was due on stderr, not {verdict.line[:400]!r}")
+            if present - set(stray):
+                verdict.problems.append(f"refused, yet wrote {sorted(present)}")
+        elif verdict.status == 0:
+            Watcher._judge_model(folder / "out", present, verdict)
+        else:
+            verdict.problems.append(f"ended with {verdict.status}: {verdict.line[-900:]!r}")
+
+    @staticmethod
+    def _judge_model(out, present, verdict):
+        if verdict.line:
+            verdict.problems.append(f"accepted, yet said {verdict.line[:400]!r}")
+        for name in ("model.json", "report.json"):
+            if f"out/{name}" not in present:
+                verdict.problems.append(f"no {name}")
+                return
+        verdict.model = json.loads((out / "model.json").read_text(encoding="utf-8"))
+        report = json.loads((out / "report.json").read_text(encoding="utf-8"))
+        verdict.messages = [message_text(message) for message in report["messages"]]
+        expected = {f"out/media/{entry['id']}" for entry in verdict.model["media"]} | {"out/model.json", "out/report.json"}
+        extra = {path for path in present if path.startswith("out/")} - expected - {"out/media"}
+        if extra:
+            verdict.problems.append(f"wrote {sorted(extra)}")
