@@ -27,6 +27,7 @@ public:
     Archive& operator=(const Archive&) = delete;
 
     const std::vector<std::string>& getPartNames() const { return _names; }
+    const PackageLimits& getLimits() const { return _limits; }
     std::uint64_t getUnpackedBytes() const { return _unpackedBytes; }
 
     /// The place of the part in getPartNames().

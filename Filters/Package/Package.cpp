@@ -48,6 +48,11 @@ const std::vector<std::string>& Package::getPartNames() const
     return _archive->getPartNames();
 }
 
+const PackageLimits& Package::getLimits() const
+{
+    return _archive->getLimits();
+}
+
 std::uint64_t Package::getUnpackedBytes() const
 {
     return _archive->getUnpackedBytes();

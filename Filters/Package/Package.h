@@ -63,6 +63,8 @@ public:
     /// All parts, in the order of the archive's directory; folders are no parts.
     const std::vector<std::string>& getPartNames() const;
 
+    const PackageLimits& getLimits() const;
+
     /// The bytes that count towards `unpackedBytes` so far.
     std::uint64_t getUnpackedBytes() const;
 

@@ -13,6 +13,7 @@ namespace QV::Filters {
 /// | `unpackedBytes`  | 4 GiB   | all parts together                                                      |
 /// | `partBytes`      | 1 GiB   | one part                                                                |
 /// | `inflatedBytes`  | 16 GiB  | work: every byte inflated, those of repeated reads included             |
+/// | `treeBytes`      | 64 MiB  | one part that is read as a tree, which takes some 40 times its size     |
 /// | `ratio`          | 100     | honest XML stays below; deflate reaches 1,000 on purpose-made input     |
 /// | `ratioFreeBytes` | 64 MiB  | small repetitive parts pass the ratio honestly, and cost nothing        |
 ///
@@ -23,6 +24,8 @@ struct PackageLimits
     std::uint64_t unpackedBytes = std::uint64_t{4} << 30;
     std::uint64_t partBytes = std::uint64_t{1} << 30;
     std::uint64_t inflatedBytes = std::uint64_t{16} << 30;
+
+    std::uint64_t treeBytes = std::uint64_t{64} << 20;
 
     /// Unpacked bytes for each packed byte, of one part and of all parts read so far together.
     std::uint64_t ratio = 100;
