@@ -40,7 +40,8 @@ def cell(ref, kind, style, value, row):
 def sheet(rows, columns, merges, formats):
     """The worksheet, in pieces of some rows each."""
     yield f'{HEAD}<worksheet xmlns="{MAIN}" xmlns:r="{RELATIONS}"><dimension ref="A1:{column_letters(columns)}{rows}"/>'
-    yield '<sheetFormatPr defaultRowHeight="15"/><cols><col min="1" max="20" width="12.7109375" customWidth="1"/></cols>'
+    yield '<sheetFormatPr defaultRowHeight="15"/>'
+    yield '<cols><col min="1" max="20" width="12.7109375" customWidth="1"/></cols>'
     yield "<sheetData>"
     letters = [column_letters(number) for number in range(1, columns + 1)]
     value, style = 1, 0
@@ -70,8 +71,8 @@ def styles(formats):
     fill_count = (formats + 63) // 64
     fills = "".join(f'<fill><patternFill patternType="solid"><fgColor rgb="FF{i * 2654435761 & 0xFFFFFF:06X}"/>'
                     "</patternFill></fill>" for i in range(1, fill_count + 1))
-    formatted = "".join(f'<xf numFmtId="{164 + i % 8}" fontId="{i // 8 % 8}" fillId="{2 + i // 64}" borderId="0" xfId="0" '
-                        'applyNumberFormat="1" applyFont="1" applyFill="1"/>' for i in range(formats))
+    formatted = "".join(f'<xf numFmtId="{164 + i % 8}" fontId="{i // 8 % 8}" fillId="{2 + i // 64}" borderId="0" '
+                        'xfId="0" applyNumberFormat="1" applyFont="1" applyFill="1"/>' for i in range(formats))
     return (f'{HEAD}<styleSheet xmlns="{MAIN}"><numFmts count="8">{codes}</numFmts><fonts count="8">{fonts}</fonts>'
             f'<fills count="{fill_count + 2}"><fill><patternFill patternType="none"/></fill>'
             f'<fill><patternFill patternType="gray125"/></fill>{fills}</fills>'
@@ -101,7 +102,8 @@ def write(path, rows, columns=20, merges=200, formats=8):
                                       + relation.format("rId3", "sharedStrings", "sharedStrings.xml")
                                       + "</Relationships>",
         "xl/styles.xml": styles(formats)[len(HEAD):],
-        "xl/sharedStrings.xml": f'<sst xmlns="{MAIN}" count="{STRING_COUNT}" uniqueCount="{STRING_COUNT}">{strings}</sst>',
+        "xl/sharedStrings.xml": f'<sst xmlns="{MAIN}" count="{STRING_COUNT}" uniqueCount="{STRING_COUNT}">'
+                                f"{strings}</sst>",
     }
     with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED, compresslevel=6) as package:
         for name, text in parts.items():

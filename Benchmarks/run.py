@@ -3,9 +3,9 @@
 
 Usage: run.py BUILD_DIR [--filter REGEX] [--repetitions 3] [--skip-import]
 
-Programs are BUILD_DIR/bin/*Benchmark. A pair of benchmarks named "<thing>/ours[/size]" and "<thing>/reference[/size]" (or
-"/reference-<which>") makes one line: name, ours, reference, ratio (ours / reference, in CPU time), bar, "ok" or "MISSED". The
-bar comes from bars.tsv beside this script; where it names none, ours must not be slower than the reference.
+Programs are BUILD_DIR/bin/*Benchmark. A pair of benchmarks named "<thing>/ours[/size]" and "<thing>/reference[/size]"
+(or "/reference-<which>") makes one line: name, ours, reference, ratio (ours / reference, in CPU time), bar, "ok" or
+"MISSED". The bar comes from bars.tsv beside this script; where it names none, ours must not be slower.
 Counters of ours whose name speaks of memory follow. The exit status is 1 where a bar was missed.
 """
 import argparse

@@ -217,8 +217,8 @@ class Model(Case):
 
     def test_numbers_read_back_to_the_same_double(self):
         source = random.Random(20240229)
-        texts = ["0.1", "0.10000000000000001", "1e-7", "4.9406564584124654E-324", "1.7976931348623157e308", "123456789012345678",
-                 "9007199254740993", "-0.5", "5e-324", "2.2250738585072011e-308", "1E+2", "+7", "00012", ".5", "5."]
+        texts = ["0.1", "0.10000000000000001", "1e-7", "4.9406564584124654E-324", "1.7976931348623157e308",
+                 "123456789012345678",                 "9007199254740993", "-0.5", "5e-324", "2.2250738585072011e-308", "1E+2", "+7", "00012", ".5", "5."]
         texts += [repr(source.uniform(-1, 1) * 10 ** source.randint(-300, 300)) for _ in range(2000)]
         texts += [f"{source.getrandbits(62)}" for _ in range(200)]
         body = "".join(row(index, [number(f"A{index}", text)]) for index, text in enumerate(texts, 1))
@@ -238,7 +238,8 @@ class Model(Case):
 
     def test_ids_are_uuids_otherwise(self):
         for arguments in ([], ["--ids", "uuid"]):
-            models = [json.loads(self.expect(0, "import", self.orders, "--model", "-", *arguments).stdout) for _ in "12"]
+            runs = [self.expect(0, "import", self.orders, "--model", "-", *arguments) for _ in range(2)]
+            models = [json.loads(outcome.stdout) for outcome in runs]
             ids = [[table["id"] for table in model["tables"]] for model in models]
             for table_id in ids[0] + ids[1]:
                 self.assertRegex(table_id, UUID)
@@ -249,7 +250,8 @@ class Model(Case):
         for change in ({"LC_ALL": "C"}, {"LC_ALL": "C.UTF-8"}, {"LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8"},
                        {"TZ": "Asia/Kathmandu"}, {"LC_ALL": "no such locale"}):
             environment = {**os.environ, **change}
-            outcome = self.expect(0, "import", self.orders, "--model", "-", "--ids", "sequential", environment=environment)
+            outcome = self.expect(0, "import", self.orders, "--model", "-", "--ids", "sequential",
+                                  environment=environment)
             self.assertEqual(outcome.stdout, plain, change)
             self.assertEqual(outcome.stderr, b"")
 

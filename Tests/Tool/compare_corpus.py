@@ -92,7 +92,7 @@ def compare_file(program, path):
         except Unreadable as error:
             return found + [Difference("", "slow reader", str(error))], {}
         if model:
-            found += compare_model(model, folder / "media", messages, reader.sheets)
+            found += compare_model(model, folder / "media", messages, reader.sheets, reader.default_font)
     rules = OpenpyxlRules(reader.date1904)
     try:
         found += rules.compare(reader.sheets, load(path, values=True))

@@ -10,13 +10,14 @@ import pathlib
 import re
 from collections import namedtuple
 
+from compare_dimensions import compare_dimensions
 from sheet_reader import column_letters, decode, place, reference
 
 Difference = namedtuple("Difference", "sheet category detail")
 MILLISECOND = 1 / 86400000
 
 
-def compare_model(model, media_folder, messages, sheets):
+def compare_model(model, media_folder, messages, sheets, default_font=("", "")):
     """Compares the program's JSON with what the slow reader read."""
     tables = model["tables"]
     names = [table["name"] for table in tables]
@@ -26,6 +27,7 @@ def compare_model(model, media_folder, messages, sheets):
     found = _compare_media(model, media_folder)
     for table, sheet in zip(tables, sheets):
         found += [Difference(sheet.name, *rest) for rest in _compare_table(table, media_folder, sheet)]
+        found += [Difference(sheet.name, *rest) for rest in compare_dimensions(table, sheet, default_font)]
     lost = sum(cell.kind == "bad" for sheet in sheets for cell in sheet.cells.values())
     lost += sum(sheet.refused_merges + sheet.bad_places for sheet in sheets)
     if lost and not messages:
@@ -163,7 +165,8 @@ class OpenpyxlRules:
         ranges = {((r.min_row, r.min_col), (r.max_row, r.max_col)) for r in other.merged_cells.ranges}
         if ranges != merged:
             yield "openpyxl merges", f"they lack {sorted(merged - ranges)[:9]}, have {sorted(ranges - merged)[:9]}"
-        images = [hashlib.sha256(image.content).hexdigest() for image in other._images]  # pylint: disable=protected-access
+        images = [hashlib.sha256(image.content).hexdigest()
+                  for image in other._images]  # pylint: disable=protected-access
         ours = [hashlib.sha256(picture.content).hexdigest() for picture in sheet.pictures]
         if sorted(images) != sorted(ours):
             yield "openpyxl pictures", f"expected {len(ours)}, got {len(images)}"

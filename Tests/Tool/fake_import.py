@@ -12,6 +12,7 @@ import os
 import pathlib
 import sys
 
+from compare_dimensions import points_of_width
 from sheet_reader import Unreadable, WorkbookReader, reference
 
 
@@ -24,6 +25,19 @@ def cell_model(at, cell):
     return model
 
 
+def sizes(sheet):
+    """The heights of the leading rows and the widths of the leading columns; 0 for hidden ones."""
+    default = float(sheet.defaults.get("defaultRowHeight", 15))
+    heights = [default] * max(sheet.rows, default=0)
+    for row, (height, hidden) in sheet.rows.items():
+        heights[row - 1] = 0.0 if hidden else default if height is None else height
+    widths = [48.0] * max((last for _, last, _, _ in sheet.columns), default=0)
+    for first, last, width, hidden in sheet.columns:
+        for column in range(first, last + 1):
+            widths[column - 1] = 0.0 if hidden else 48.0 if width is None else points_of_width(width, 7)
+    return {"defaultColumnWidth": 48.0, "defaultRowHeight": default, "columnWidths": widths, "rowHeights": heights}
+
+
 def sheet_model(number, sheet, media):
     frames = []
     for picture in sheet.pictures:
@@ -33,7 +47,7 @@ def sheet_model(number, sheet, media):
     return {
         "id": f"id{number}", "name": sheet.name,
         "rows": max([at[0] for at in sheet.cells] + [1]), "columns": max([at[1] for at in sheet.cells] + [1]),
-        "visible": sheet.visible,
+        "visible": sheet.visible, **sizes(sheet),
         "cells": [cell_model(at, cell) for at, cell in sorted(sheet.cells.items())],
         "merges": [f"{reference(first)}:{reference(last)}" for first, last in sheet.merges],
         "frames": frames,
@@ -107,6 +121,19 @@ def rows_short(model, _):
     model["tables"][0]["rows"] = 1
 
 
+def height_altered(model, _):
+    model["tables"][0]["rowHeights"][0] += 0.25
+
+
+def width_altered(model, _):
+    model["tables"][0]["columnWidths"][0] += 0.75
+
+
+def hidden_row_shown(model, _):
+    heights = model["tables"][0]["rowHeights"]
+    heights[heights.index(0.0)] = 15.0
+
+
 def merge_lost(model, _):
     model["tables"][0]["merges"].pop()
 
@@ -130,8 +157,9 @@ def silence(_model, _media):
 
 DAMAGES = {function.__name__: function for function in (
     one_ulp, trailing_blank, number_as_text, boolean_flipped, error_as_text, cell_lost, cell_invented, cell_twice,
-    cells_unordered, formula_lost, formula_altered, sheet_renamed, sheets_swapped, sheet_shown, rows_short, merge_lost,
-    merges_reordered, picture_lost, picture_altered, silence)}
+    cells_unordered, formula_lost, formula_altered, sheet_renamed, sheets_swapped, sheet_shown, rows_short,
+    height_altered, width_altered, hidden_row_shown, merge_lost, merges_reordered, picture_lost, picture_altered,
+    silence)}
 
 
 def main():

@@ -48,6 +48,9 @@ class Sheet:
     refused_merges: int = 0
     pictures: list = field(default_factory=list)
     bad_places: int = 0  # rows and cells whose place nobody can read, or beyond the grid
+    columns: list = field(default_factory=list)  # (first, last, width in characters or None, hidden)
+    rows: dict = field(default_factory=dict)  # row -> (height in points or None, hidden)
+    defaults: dict = field(default_factory=dict)  # the attributes of sheetFormatPr
     rows_named: int = 0  # the last row and column that a row, cell, column or merge names
     columns_named: int = 0
 
@@ -142,6 +145,15 @@ def reference(cell):
     return f"{column_letters(cell[1])}{cell[0]}"
 
 
+def positive(text):
+    """A number that is not negative, or None for anything else."""
+    try:
+        value = float(text)
+    except (TypeError, ValueError):
+        return None
+    return value if 0 <= value < float("inf") else None
+
+
 def decode(text):
     """Resolves the escapes _xHHHH_ of the format's strings; pairs of surrogates become one character."""
     if "_x" not in text:
@@ -187,6 +199,7 @@ class WorkbookReader:
         self._package = Package(source)
         self.date1904 = False
         self.sheets = []
+        self.default_font = ("", "")  # name and size, as written
         main = [target for kind, target, external in self._package.relations("").values()
                 if kind == "officeDocument" and not external]
         if not main:
@@ -202,6 +215,8 @@ class WorkbookReader:
         for kind, target, _ in relations.values():
             if kind == "sharedStrings" and self._package.has(target):
                 self._strings = [rich_text(node) for node in self._package.tree(target) if local(node) == "si"]
+            elif kind == "styles" and self._package.has(target):
+                self._read_default_font(self._package.tree(target))
         entries = []
         for node in tree:
             if local(node) == "workbookPr":
@@ -214,6 +229,12 @@ class WorkbookReader:
                 sheet = Sheet(entry.get("name"), entry.get("state", "visible") == "visible")
                 _SheetReader(self._package, target, self._strings, self.date1904, sheet).read()
                 self.sheets.append(sheet)
+
+
+    def _read_default_font(self, styles):
+        fonts = next((node for node in styles if local(node) == "fonts"), [])
+        parts = {local(node): node.get("val") for node in next(iter(fonts), [])}
+        self.default_font = (parts.get("name", ""), parts.get("sz", ""))
 
 
 class _SheetReader:
@@ -238,7 +259,7 @@ class _SheetReader:
                 if event == "start":
                     stack.append(node)
                     if name == "row" and len(stack) == 3 and local(stack[1]) == "sheetData":
-                        in_row = self._start_row(node.get("r"))
+                        in_row = self._start_row(node)
                     continue
                 stack.pop()
                 if name == "c" and len(stack) == 3 and local(stack[2]) == "row":
@@ -249,20 +270,31 @@ class _SheetReader:
                     stack[-1].remove(node)
                 elif name == "mergeCells":
                     self._read_merges(node)
-                elif name == "col" and re.fullmatch("[0-9]{1,5}", node.get("max", "")):
-                    self._sheet.name_place(0, min(int(node.get("max")), MAX_COLUMNS))
+                elif name == "col":
+                    self._read_column(node)
+                elif name == "sheetFormatPr":
+                    self._sheet.defaults = dict(node.attrib)
                 elif name == "drawing" and len(stack) == 1:
                     kind, target, external = relations.get(related(node, "id"), ("", "", True))
                     if kind == "drawing" and not external and self._package.has(target):
                         self._read_pictures(target)
 
-    def _start_row(self, text):
+    def _read_column(self, node):
+        first, last, width = node.get("min", ""), node.get("max", ""), node.get("width")
+        if re.fullmatch("[0-9]{1,5}", first) and re.fullmatch("[0-9]{1,5}", last):
+            last = min(int(last), MAX_COLUMNS)
+            self._sheet.name_place(0, last)
+            self._sheet.columns.append((int(first), last, positive(width), node.get("hidden") in ("1", "true")))
+
+    def _start_row(self, node):
+        text = node.get("r")
         number = self._row + 1 if text is None else int(text) if re.fullmatch("[0-9]{1,9}", text) else 0
         if not 1 <= number <= MAX_ROWS:
             self._sheet.bad_places += 1
             return False
         self._row, self._column = number, 0
         self._sheet.name_place(number, 0)
+        self._sheet.rows[number] = (positive(node.get("ht")), node.get("hidden") in ("1", "true"))
         return True
 
     def _read_cell(self, node):

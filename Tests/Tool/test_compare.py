@@ -22,6 +22,7 @@ CATEGORIES = {
     "error_as_text": "type 1", "cell_lost": "type 1", "cell_invented": "invented 1", "cell_twice": "order 1",
     "cells_unordered": "order", "formula_lost": "formula 1", "formula_altered": "formula text 1",
     "sheet_renamed": "sheets 1", "sheets_swapped": "sheets 1", "sheet_shown": "visible 1", "rows_short": "rows 1",
+    "height_altered": "height 1", "width_altered": "width 1", "hidden_row_shown": "height 1",
     "merge_lost": "merges 1", "merges_reordered": "merges 1", "picture_lost": "pictures 1",
     "picture_altered": "pictures 1", "silence": "silence 1",
 }

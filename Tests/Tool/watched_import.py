@@ -81,7 +81,8 @@ class Watcher:
 
     @staticmethod
     def _judge_outputs(outcome, folder, verdict):
-        present = {path.relative_to(folder).as_posix() for path in folder.rglob("*")} - {"work", "out", "temporary", "calls"}
+        present = {path.relative_to(folder).as_posix() for path in folder.rglob("*")}
+        present -= {"work", "out", "temporary", "calls"}
         stray = sorted(path for path in present if not path.startswith("out/"))
         if stray:
             verdict.problems.append(f"left behind: {stray}")
@@ -109,7 +110,8 @@ class Watcher:
         verdict.model = json.loads((out / "model.json").read_text(encoding="utf-8"))
         report = json.loads((out / "report.json").read_text(encoding="utf-8"))
         verdict.messages = [message_text(message) for message in report["messages"]]
-        expected = {f"out/media/{entry['id']}" for entry in verdict.model["media"]} | {"out/model.json", "out/report.json"}
-        extra = {path for path in present if path.startswith("out/")} - expected - {"out/media"}
+        expected = {"out/model.json", "out/report.json", "out/media"}
+        expected |= {f"out/media/{entry['id']}" for entry in verdict.model["media"]}
+        extra = {path for path in present if path.startswith("out/")} - expected
         if extra:
             verdict.problems.append(f"wrote {sorted(extra)}")

@@ -1,0 +1,75 @@
+#!/usr/bin/python3
+"""Proves that watched_import.py sees each kind of misbehaviour, with little programs that misbehave."""
+import pathlib
+import tempfile
+import unittest
+from unittest import mock
+
+import file_trace
+import watched_import
+
+HONEST = """
+echo '{"tables": [], "media": []}' > "$4"
+echo '{"messages": [{"text": "odd {}", "arguments": ["7"]}]}' > "$6"
+"""
+REFUSING = "echo 'harm.xlsx: no package' >&2; exit 1"
+
+# name, what the program does, what must be found; or "" for nothing
+ROWS = (
+    ("Honest", HONEST, ""),
+    ("Refuses", REFUSING, ""),
+    ("ReadsItsInput", 'read x < "$2"' + HONEST, ""),
+    ("DiesOfSignal", "kill -SEGV $$", "ended with -11"),
+    ("EndsOtherwise", "echo usage >&2; exit 2", "ended with 2"),
+    ("Hangs", "while :; do :; done", "took more than"),
+    ("RefusesSilently", "exit 1", "one line was due"),
+    ("RefusesWithTwoLines", "echo 1 >&2; echo 2 >&2; exit 1", "one line was due"),
+    ("RefusesWithoutLineEnd", "printf harm >&2; exit 1", "one line was due"),
+    ("RefusesButWrites", 'echo {} > "$4";' + REFUSING, "refused, yet wrote ['out/model.json']"),
+    ("AcceptsButComplains", HONEST + "echo odd >&2", "accepted, yet said"),
+    ("AcceptsWithoutReport", 'echo "{}" > "$4"', "no report.json"),
+    ("PrintsToStdout", HONEST + "echo done", "wrote to stdout"),
+    ("LeavesFileInWorkingFolder", HONEST + "echo > left.tmp", "left behind: ['work/left.tmp']"),
+    ("LeavesTemporaryFile", HONEST + 'echo > "$TMPDIR/left"', "left behind: ['temporary/left']"),
+    ("LeavesFileBesideOutputs", HONEST + 'echo > "$4.tmp"', "wrote ['out/model.json.tmp']"),
+)
+TRACED_ROWS = (
+    ("ReadsOtherFile", HONEST + "read x < /etc/passwd", '"/etc/passwd"'),
+    ("TriesOtherFile", HONEST + "read x < /no/such/file || :", '"/no/such/file"'),
+    ("ReadsBesideInput", HONEST + 'read x < "$2.rels" || :', ".rels"),
+    ("ReadsByDetour", HONEST + 'read x < "${4%/*}/../../../../etc/passwd" || :', "passwd"),
+    ("WritesOutside", HONEST + ': > "${2%/*}/stray"', "stray"),
+    ("RunsProgram", HONEST + "/bin/true", '"/bin/true"'),
+)
+
+
+class Watch(unittest.TestCase):
+    def check(self, rows):
+        for name, script, finding in rows:
+            with self.subTest(name), tempfile.TemporaryDirectory() as folder:
+                program, source = pathlib.Path(folder) / "program", pathlib.Path(folder) / "harm.xlsx"
+                program.write_text(f"#!/bin/sh\n{script}\n", encoding="utf-8")
+                program.chmod(0o755)
+                source.write_bytes(b"harm")
+                with mock.patch.object(watched_import, "SECONDS", 2):
+                    verdict = watched_import.Watcher(program).watch(source)
+                if finding:
+                    self.assertTrue(any(finding in problem for problem in verdict.problems), verdict.problems)
+                else:
+                    self.assertEqual(verdict.problems, [])
+
+    def test_outcomes_and_outputs(self):
+        with mock.patch.object(file_trace, "STRACE", None):
+            self.check(ROWS)
+
+    @unittest.skipUnless(file_trace.STRACE, "strace is not installed")
+    def test_system_calls(self):
+        self.check(ROWS[:3] + TRACED_ROWS)
+
+    def test_messages_are_read(self):
+        self.assertEqual(watched_import.message_text({"text": "odd {}", "arguments": ["7"]}), "odd {} 7")
+        self.assertEqual(watched_import.message_text("odd"), "odd")
+
+
+if __name__ == "__main__":
+    unittest.main()
