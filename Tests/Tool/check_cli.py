@@ -218,7 +218,8 @@ class Model(Case):
     def test_numbers_read_back_to_the_same_double(self):
         source = random.Random(20240229)
         texts = ["0.1", "0.10000000000000001", "1e-7", "4.9406564584124654E-324", "1.7976931348623157e308",
-                 "123456789012345678",                 "9007199254740993", "-0.5", "5e-324", "2.2250738585072011e-308", "1E+2", "+7", "00012", ".5", "5."]
+                 "123456789012345678", "9007199254740993", "-0.5", "5e-324", "2.2250738585072011e-308", "1E+2", "+7",
+                 "00012", ".5", "5."]
         texts += [repr(source.uniform(-1, 1) * 10 ** source.randint(-300, 300)) for _ in range(2000)]
         texts += [f"{source.getrandbits(62)}" for _ in range(200)]
         body = "".join(row(index, [number(f"A{index}", text)]) for index, text in enumerate(texts, 1))
