@@ -5,7 +5,6 @@
 
 #include <xercesc/dom/DOMAttr.hpp>
 #include <xercesc/dom/DOMDocument.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 
@@ -17,13 +16,6 @@ namespace QV::FilterUtils {
 namespace {
 
 using xercesc::DOMNode;
-
-// Errors end the parsing just as fatal errors do.
-class ThrowingHandler : public xercesc::HandlerBase
-{
-public:
-    void error(const xercesc::SAXParseException& exception) override { throw exception; }
-};
 
 std::u16string_view view(const XMLCh* text)
 {
@@ -132,7 +124,7 @@ XMLElement XMLElement::getRootElement(std::istream& stream, boost::optional<std:
 {
     const auto parser =
         std::make_shared<XMLHardenedParser>(options, xercesc::XMLPlatformUtils::fgMemoryManager);
-    const auto handler = std::make_shared<ThrowingHandler>();
+    const auto handler = std::make_shared<XMLThrowingHandler>();
     parser->setErrorHandler(handler.get());
 
     const XMLReadResult ending = parser->read(stream);

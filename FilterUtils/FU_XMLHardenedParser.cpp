@@ -11,7 +11,6 @@
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/sax/InputSource.hpp>
 #include <xercesc/sax/Locator.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
@@ -31,6 +30,11 @@ std::string toUtf8(const XMLCh* text)
     if (text)
         appendUtf8(result, text);
     return result;
+}
+
+std::string describeAttributeLimit(const XMLReadOptions& options)
+{
+    return fmt::format("an element has more than {} attributes", options.attributes);
 }
 
 // While it lives, the stream throws for nothing but a failure of its source.
@@ -198,6 +202,9 @@ void XMLHardenedParser::checkInput(std::size_t blockSize)
     _bytes += blockSize;
     checkInputLimit(XMLOutcome::InputLimit, "the document", _options.inputBytes, _bytes);
     checkInputLimit(XMLOutcome::MarkupLimit, "a tag, comment or section", _options.markupBytes, _markupBytes);
+    if (hasEndlessTag() && !_inputBreach)
+        _inputBreach = makeResult(XMLOutcome::AttributeLimit, describeAttributeLimit(_options),
+            _options.attributes, _options.attributes + 1);
     if (_doctypeBegin)
         checkInputLimit(XMLOutcome::DoctypeLimit, "the document type declaration", _options.doctypeBytes,
             _bytes - *_doctypeBegin);
@@ -267,16 +274,14 @@ bool XMLHardenedParser::isNamespaceDeclaration(const xercesc::XMLAttr& attribute
 {
     // Scanners differ over the namespace of the default namespace's declaration.
     return attribute.getURIId() == getScanner()->getXMLNSNamespaceId() ||
-           (*attribute.getName() == u'x' && *attribute.getPrefix() == 0 &&
+           (*attribute.getName() == u'x' && (!attribute.getPrefix() || *attribute.getPrefix() == 0) &&
                xercesc::XMLString::equals(attribute.getName(), xercesc::XMLUni::fgXMLNSString));
 }
 
 void XMLHardenedParser::checkAttributes(const Attributes& attributes, std::size_t count)
 {
     if (count > _options.attributes)
-        breach(XMLOutcome::AttributeLimit,
-            fmt::format("an element has more than {} attributes", _options.attributes), _options.attributes,
-            count);
+        breach(XMLOutcome::AttributeLimit, describeAttributeLimit(_options), _options.attributes, count);
     std::size_t declarations = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const xercesc::XMLAttr& attribute = *attributes.elementAt(i);

@@ -12,11 +12,20 @@
 
 #include <boost/optional.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
+#include <xercesc/sax/HandlerBase.hpp>
+#include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/util/SecurityManager.hpp>
 
 #include <FilterUtils/FU_XMLReadOptions.h>
 
 namespace QV::FilterUtils {
+
+/// Errors end the parsing just as fatal errors do.
+class XMLThrowingHandler : public xercesc::HandlerBase
+{
+public:
+    void error(const xercesc::SAXParseException& exception) override { throw exception; }
+};
 
 /// A DOM parser for documents from strangers: it keeps the bounds of XMLReadOptions, opens nothing but the
 /// stream that it reads, and turns every way to fail into an XMLReadResult. One reading for each parser.
@@ -73,9 +82,11 @@ protected:
     virtual void declareNamespaces(const Attributes& /*attributes*/, std::size_t /*count*/) {}
     virtual void forgetNamespaces() {}
 
+    // Whether a tag under way has so many attributes already that reading on is no use. Asked at each block.
+    virtual bool hasEndlessTag() const { return false; }
+
     const XMLReadOptions& getOptions() const { return _options; }
     std::size_t getDepth() const { return _depth; }
-    std::uint64_t getProgress() const { return _progress; }
 
 private:
     class Input;

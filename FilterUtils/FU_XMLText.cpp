@@ -8,6 +8,7 @@ namespace {
 
 constexpr char32_t ReplacementCharacter = 0xFFFD;
 constexpr char32_t LastCodePoint = 0x10FFFF;
+constexpr char32_t NoCodePoint = 0xFFFFFFFF;
 
 bool isAscii(char16_t unit)
 {
@@ -78,24 +79,25 @@ constexpr Utf8Form Utf8Forms[] = {
     {0xF8, 0xF0, 3, 0x10000},
 };
 
-boost::optional<char32_t> takeCodePoint(boost::string_ref& text)
+// Takes one character off the front of the text, which is not empty; or returns NoCodePoint.
+char32_t takeCodePoint(boost::string_ref& text)
 {
     const auto first = static_cast<unsigned char>(text.front());
     const auto* const form = std::find_if(std::begin(Utf8Forms), std::end(Utf8Forms),
         [first](const Utf8Form& candidate) { return (first & candidate.mask) == candidate.mark; });
     if (form == std::end(Utf8Forms) || text.size() <= form->trailing)
-        return boost::none;
+        return NoCodePoint;
     char32_t character = first & static_cast<unsigned char>(~form->mask);
     for (std::size_t i = 1; i <= form->trailing; ++i) {
         const auto next = static_cast<unsigned char>(text[i]);
         if ((next & 0xC0) != 0x80)
-            return boost::none;
+            return NoCodePoint;
         character = (character << 6) | (next & 0x3FU);
     }
     text.remove_prefix(form->trailing + 1);
     if (character < form->least || character > LastCodePoint || isHighSurrogate(character) ||
         isLowSurrogate(character))
-        return boost::none;
+        return NoCodePoint;
     return character;
 }
 
@@ -118,14 +120,14 @@ boost::optional<std::u16string> convertUtf8ToUtf16(boost::string_ref text)
     std::u16string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        const auto character = takeCodePoint(text);
-        if (!character)
+        const char32_t character = takeCodePoint(text);
+        if (character == NoCodePoint)
             return boost::none;
-        if (*character < 0x10000) {
-            result += static_cast<char16_t>(*character);
+        if (character < 0x10000) {
+            result += static_cast<char16_t>(character);
         } else {
-            result += static_cast<char16_t>(0xD800 + ((*character - 0x10000) >> 10));
-            result += static_cast<char16_t>(0xDC00 + ((*character - 0x10000) & 0x3FF));
+            result += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
+            result += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
         }
     }
     return result;
