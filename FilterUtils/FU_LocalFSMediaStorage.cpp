@@ -44,13 +44,39 @@ bool isPlainFileName(const std::string& name)
            boost::string_ref(name).find_first_of(forbidden) == boost::string_ref::npos;
 }
 
-// One fixed buffer, so that a film costs no more memory than an icon.
+// Whether an earlier run left a file of that name. Names that lead out of the folder are not looked at, so a
+// document learns nothing of other files.
+bool canAdopt(const FileSystem::Path& folder, const std::string& id)
+{
+    return isPlainFileName(id) && FileSystem::exists(folder / id);
+}
+
+// The end of the names of files of one type, with its dot; empty for a type that is not known.
+std::string makeSuffix(const std::string& mimeType)
+{
+    const boost::optional<std::string> extension = getFileExtensionByMIMEType(mimeType);
+    return extension ? "." + *extension : std::string();
+}
+
+// One fixed buffer, so that a film costs no more memory than an icon. Whether a write succeeds is not asked:
+// the identifier holds for a file that a full disk cut short, and who opens it finds less.
 void copyAll(InputStream& from, std::ostream& to)
 {
     constexpr std::size_t BufferSize = 1024;
     std::array<char, BufferSize> buffer;
     while (const std::size_t size = from.read(buffer.data(), buffer.size(), 0))
         to.write(buffer.data(), static_cast<std::streamsize>(size));
+}
+
+// False where the file cannot be opened. The file is complete when this returns.
+bool replaceContent(const FileSystem::Path& path, InputStream& content)
+{
+    FileSystemBlob blob(path);
+    const std::shared_ptr<std::ostream> file = blob.openStdOutputStream();
+    if (!file)
+        return false;
+    copyAll(content, *file);
+    return true;
 }
 
 } // namespace
@@ -95,15 +121,11 @@ std::string LocalFSMediaStorage::generatePublicFileNameForId(const std::string& 
 boost::optional<FileSystemBlob> LocalFSMediaStorage::createBlobForFileById(const std::string& id)
 {
     const std::string path = getFullPathToID(id);
-    if (path.empty() || !FileSystem::exists(path))
+    if (path.empty()) // the folder could not be made
+        return boost::none;
+    if (!FileSystem::exists(path)) // the name is reserved, and nothing was written yet
         return boost::none;
     return FileSystemBlob(path);
-}
-
-bool LocalFSMediaStorage::isAdoptable(const std::string& id) const
-{
-    return _mode == MediaStorageMode::ReuseExisting && isPlainFileName(id) &&
-           FileSystem::exists(_folder / id);
 }
 
 std::string LocalFSMediaStorage::getFullPathToID(const std::string& id)
@@ -114,7 +136,8 @@ std::string LocalFSMediaStorage::getFullPathToID(const std::string& id)
             return getFullPathForPublicId(id);
         // What a document calls its media becomes no name here, unless such a file is there already: two
         // documents say "image1.png", and a third says "../image1.png".
-        const std::string publicName = isAdoptable(id) ? id : generatePublicFileNameForId(id);
+        const bool canReuse = _mode == MediaStorageMode::ReuseExisting && canAdopt(_folder, id);
+        const std::string publicName = canReuse ? id : generatePublicFileNameForId(id);
         _publicNames.insert(publicName);
         return getFullPathForPublicId(publicName);
     });
@@ -138,34 +161,11 @@ std::string LocalFSMediaStorage::saveExternalURL(const std::string& url)
         _publicNames.insert(name);
         const FileSystem::Path target = getFullPathToID(name);
         FileSystem::create_directories(_folder);
+        // A generator that counts makes the names of an earlier run again; what that left is replaced, as it
+        // is by a stream.
         FileSystem::copy_file(url, target, boost::filesystem::copy_option::overwrite_if_exists);
         return name;
     });
-}
-
-std::string LocalFSMediaStorage::makeNameForMIMEType(const std::string& mimeType)
-{
-    // The first identifier only lends its extension, and generated ones have none. Drawing it makes a
-    // counting generator go on by two for each item, and the names that result are relied on.
-    const std::string id = _idGenerator->generateId();
-    std::string name = generatePublicFileNameForId(id);
-    if (const boost::optional<std::string> extension = getFileExtensionByMIMEType(mimeType))
-        name += "." + *extension;
-    return name;
-}
-
-std::string LocalFSMediaStorage::writeNewItem(InputStream& stream, const std::string& name)
-{
-    _publicNames.insert(name);
-    const FileSystem::Path path = getFullPathToID(name);
-    FileSystem::create_directories(_folder);
-    FileSystem::touch(path); // from here on the name is taken on the disk, too
-    FileSystemBlob blob(path);
-    const std::shared_ptr<std::ostream> file = blob.openStdOutputStream();
-    if (!file)
-        return std::string();
-    copyAll(stream, *file);
-    return name;
 }
 
 std::string LocalFSMediaStorage::saveMediaFromStream(
@@ -174,7 +174,17 @@ std::string LocalFSMediaStorage::saveMediaFromStream(
     QV_ASSERT(stream);
     if (!stream)
         return std::string();
-    return emptyOnFailure([&] { return writeNewItem(*stream, makeNameForMIMEType(mimeType)); });
+    return emptyOnFailure([&]() -> std::string {
+        // The first identifier only lends its extension, and generated ones have none. Drawing it makes a
+        // counting generator go on by two for each item, and the names that result are relied on.
+        const std::string id = _idGenerator->generateId();
+        const std::string name = generatePublicFileNameForId(id) + makeSuffix(mimeType);
+        _publicNames.insert(name);
+        const FileSystem::Path path = getFullPathToID(name);
+        FileSystem::create_directories(_folder);
+        FileSystem::touch(path); // stays behind where it cannot be written to: its name is given away
+        return replaceContent(path, *stream) ? name : std::string();
+    });
 }
 
 } // namespace QV::FilterUtils

@@ -89,10 +89,6 @@ public:
     boost::optional<FileSystemBlob> createBlobForFileById(const std::string& id);
 
 private:
-    bool isAdoptable(const std::string& id) const;
-    std::string makeNameForMIMEType(const std::string& mimeType);
-    std::string writeNewItem(InputStream& stream, const std::string& name);
-
     FileSystem::Path _folder;
     std::set<std::string> _publicNames;        // given out or adopted; only grows
     std::unique_ptr<IDGenerator> _idGenerator; // never null
