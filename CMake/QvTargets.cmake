@@ -18,6 +18,11 @@ add_library(qv_options INTERFACE)
 target_compile_options(qv_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     $<$<BOOL:${QV_WERROR}>:-Werror> -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
 
+# Clang links the runtime of a sanitizer into programs only, so a library has undefined names then.
+if(NOT (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize"))
+    set(QV_NO_UNDEFINED -Wl,--no-undefined)
+endif()
+
 # qv_library(<name> ROOT <include root> SOURCES ... HEADERS ... [USES ...] [USES_PRIVATELY ...])
 # USES names what the public headers include; USES_PRIVATELY what only the sources include.
 function(qv_library name)
@@ -25,7 +30,7 @@ function(qv_library name)
     add_library(${name} SHARED ${ARG_SOURCES})
     target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${ARG_ROOT} FILES ${ARG_HEADERS})
     target_link_libraries(${name} PUBLIC ${ARG_USES} PRIVATE ${ARG_USES_PRIVATELY} qv_options)
-    target_link_options(${name} PRIVATE -Wl,--no-undefined -Wl,--exclude-libs,ALL)
+    target_link_options(${name} PRIVATE ${QV_NO_UNDEFINED} -Wl,--exclude-libs,ALL)
     set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
     qv_add_layer(${name} "${ARG_USES}" "${ARG_USES_PRIVATELY}")
@@ -70,6 +75,7 @@ endfunction()
 function(qv_test source)
     cmake_parse_arguments(ARG "" "" "LABELS" ${ARGN})
     qv_program(${source} ${ARG_UNPARSED_ARGUMENTS} GTest::gmock GTest::gtest_main)
+    target_compile_options(${qv_program_name} PRIVATE ${QV_TEST_OPTIONS})
     add_test(NAME ${qv_program_name} COMMAND ${qv_program_name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
     set_tests_properties(${qv_program_name} PROPERTIES LABELS "${ARG_LABELS}" SKIP_RETURN_CODE 77)
     if("concurrency" IN_LIST ARG_LABELS)
