@@ -1,0 +1,84 @@
+// The example of README.md, compiled and run: the lines between the two marks below stand there word for
+// word.
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <boost/none.hpp>
+#include <boost/optional.hpp>
+#include <boost/optional/optional_io.hpp>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <FilterUtils/FU_Colors.h>
+#include <FilterUtils/FU_Lengths.h>
+#include <FilterUtils/FU_NonIntersectedRanges.h>
+#include <FilterUtils/FU_TableIndices.h>
+#include <Utils/Public/OperationReport.h>
+
+namespace {
+
+std::vector<std::string> readLines(const std::string& path)
+{
+    std::ifstream file(path);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+/// The lines between the first line that is @p begin and the next that is @p end, without four leading
+/// blanks.
+std::vector<std::string> getLinesBetween(
+    const std::vector<std::string>& lines, const std::string& begin, const std::string& end)
+{
+    auto first = std::find(lines.begin(), lines.end(), begin);
+    if (first == lines.end())
+        return {};
+    std::vector<std::string> found;
+    while (++first != lines.end() && *first != end)
+        found.push_back(first->substr(0, 4) == "    " ? first->substr(4) : *first);
+    return found;
+}
+
+TEST(ReadmeExample, StandsInTheReadme)
+{
+    const auto compiled =
+        getLinesBetween(readLines("Tests/ReadmeExampleTest.cpp"), "    // [example]", "    // [/example]");
+    const auto shown = getLinesBetween(readLines("README.md"), "```cpp", "```");
+    EXPECT_THAT(shown, testing::SizeIs(testing::Ge(10U)));
+    EXPECT_EQ(shown, compiled);
+}
+
+TEST(ReadmeExample, PrintsWhatTheReadmeSays)
+{
+    std::ostringstream out;
+    // [example]
+    using namespace QV;
+    using namespace QV::FilterUtils;
+    OperationReport report;
+    const UnitOpt width = convertLength(report, "1.5in", boost::none, positiveLength); // in points
+    const UnitOpt height = convertLength(report, "20dpi", boost::none, anyLength);     // no unit: nothing
+    const auto fill = convertToRGBAColor(report, "#FFCC00");
+
+    NonIntersectedRanges merges;
+    const bool isFirstKept = merges.appendRange({0, 0, 2, 2});  // A1:B2
+    const bool isSecondKept = merges.appendRange({1, 1, 3, 3}); // B2:C3 shares B2: refused
+
+    out << toAlphaIndex(RowIndex(1), ColumnIndex(1)) << ": " << *width << " pt, " << convertRGBColor(*fill)
+        << (height ? ", tall" : "") << (isFirstKept && !isSecondKept ? ", merged once" : "") << '\n';
+    for (const auto& message : report.getMessages())
+        out << message.toString() << '\n';
+    // [/example]
+    EXPECT_EQ(out.str(), "B2: 108 pt, FFCC00, merged once\nUnknown units in 20dpi\n");
+
+    std::string shown;
+    for (const std::string& line : getLinesBetween(readLines("README.md"), "```text", "```"))
+        shown += line + '\n';
+    EXPECT_EQ(out.str(), shown);
+}
+
+} // namespace
