@@ -30,24 +30,29 @@ std::vector<std::string> readLines(const std::string& path)
     return lines;
 }
 
-/// The lines between the first line that is @p begin and the next that is @p end, without four leading
-/// blanks.
+/// The lines between the first line that is @p begin and the next that is @p end.
 std::vector<std::string> getLinesBetween(
     const std::vector<std::string>& lines, const std::string& begin, const std::string& end)
 {
     auto first = std::find(lines.begin(), lines.end(), begin);
     if (first == lines.end())
         return {};
-    std::vector<std::string> found;
-    while (++first != lines.end() && *first != end)
-        found.push_back(first->substr(0, 4) == "    " ? first->substr(4) : *first);
-    return found;
+    return {first + 1, std::find(first + 1, lines.end(), end)};
+}
+
+std::vector<std::string> dropIndentation(std::vector<std::string> lines, const std::string& indentation)
+{
+    for (std::string& line : lines)
+        if (line.compare(0, indentation.size(), indentation) == 0)
+            line.erase(0, indentation.size());
+    return lines;
 }
 
 TEST(ReadmeExample, StandsInTheReadme)
 {
-    const auto compiled =
-        getLinesBetween(readLines("Tests/ReadmeExampleTest.cpp"), "    // [example]", "    // [/example]");
+    const auto compiled = dropIndentation(
+        getLinesBetween(readLines("Tests/ReadmeExampleTest.cpp"), "    // [example]", "    // [/example]"),
+        "    ");
     const auto shown = getLinesBetween(readLines("README.md"), "```cpp", "```");
     EXPECT_THAT(shown, testing::SizeIs(testing::Ge(10U)));
     EXPECT_EQ(shown, compiled);

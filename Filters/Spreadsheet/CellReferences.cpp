@@ -81,8 +81,8 @@ boost::optional<TableRange> parseRangeReference(std::u16string_view text)
     const auto second = reader.skip(u':') ? reader.readCell() : first;
     if (!first || !second || !reader.isAtEnd())
         return boost::none;
-    const auto rows = std::minmax(first->getRow().get(), second->getRow().get());
-    const auto columns = std::minmax(first->getColumn().get(), second->getColumn().get());
+    const auto rows = std::minmax({first->getRow().get(), second->getRow().get()});
+    const auto columns = std::minmax({first->getColumn().get(), second->getColumn().get()});
     return TableRange(rows.first, columns.first, rows.second + 1, columns.second + 1);
 }
 
