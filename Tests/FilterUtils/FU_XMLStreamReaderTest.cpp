@@ -574,6 +574,26 @@ private:
     std::vector<Level> _path;
 };
 
+TEST(XMLStreamReader, PredefinedEntitiesAndCharacterReferencesAreNoExpansions)
+{
+    std::string xml = "<a k='";
+    for (int i = 0; i < 3000; ++i)
+        xml += "&amp;&#65;";
+    xml += "'>";
+    for (int i = 0; i < 3000; ++i)
+        xml += "&lt;&#66;";
+    xml += "</a>";
+    Recorder recorder;
+    EXPECT_EQ(read(xml, recorder).outcome, XMLOutcome::WellFormed);
+    EXPECT_EQ(recorder.log.size(), std::string("<a></a>").size() + 6000);
+
+    std::istringstream stream(xml);
+    const XMLElement root = XMLElement::getRootElement(stream, boost::none);
+    ASSERT_TRUE(root.isValid());
+    EXPECT_EQ(root.getAttributeValue("k")->size(), 6000U);
+    EXPECT_EQ(root.getText()->size(), 6000U);
+}
+
 TEST(XMLStreamReader, AgreesWithTreeOnRandomDocuments)
 {
     const XMLVocabulary words(
