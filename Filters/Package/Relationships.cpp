@@ -68,7 +68,8 @@ RelationshipOpt readRelationship(const XMLElement& element, const Source& source
     relationship.target = *target;
     if (!relationship.isExternal)
         return resolve(std::move(relationship), source, report);
-    if (!relationship.isType("hyperlink"))
+    if (!relationship.isType("hyperlink") &&
+        !relationship.isType("image")) // who shows a picture speaks of it
         report.emplace_back("External target {} in {} is not followed", *target, source.relationshipsPart);
     return relationship;
 }

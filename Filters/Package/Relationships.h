@@ -50,7 +50,8 @@ public:
     ///
     /// Kept, with a message:
     ///     - "Relationship to {} in {} has no id"
-    ///     - "External target {} in {} is not followed": an external one, other than a hyperlink
+    ///     - "External target {} in {} is not followed": an external one, other than a
+    ///       hyperlink or a picture
     ///
     /// Nothing external is opened or looked up here. Throws PackageError as readXml does.
     static Relationships read(Package& package, const std::string& sourcePart, OperationReport& report);

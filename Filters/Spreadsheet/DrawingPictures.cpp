@@ -1,0 +1,84 @@
+#include <Filters/Spreadsheet/DrawingPictures.h>
+
+#include <istream>
+#include <memory>
+
+#include <boost/filesystem/fstream.hpp>
+
+#include <DOM/Public/GraphicalObject.h>
+#include <DOM/Public/Table.h>
+#include <FilterUtils/FU_Pictures.h>
+#include <Filters/Package/FilterRun.h>
+#include <Filters/Package/Package.h>
+#include <Filters/Package/PartNames.h>
+#include <Filters/Package/Relationships.h>
+#include <Filters/Spreadsheet/DrawingReader.h>
+#include <Filters/Spreadsheet/LinkedFiles.h>
+#include <Utils/Public/OperationReport.h>
+
+namespace QV::Filters {
+
+void DrawingPictures::read(const std::string& drawingPart, DOM::Table& table)
+{
+    const Relationships relationships = Relationships::read(_package, drawingPart, _run.getReport());
+    for (const std::string& id : readDrawing(_package, drawingPart, _run)) {
+        if (const Relationship* const relationship = relationships.findById(id))
+            showPicture(*relationship, table);
+        else
+            _run.getReport().emplace_back("Picture {} of {} is missing", id, drawingPart);
+    }
+}
+
+void DrawingPictures::showPicture(const Relationship& relationship, DOM::Table& table)
+{
+    const Stored& stored =
+        relationship.isExternal ? storeLinked(relationship.target) : storeEmbedded(relationship.target);
+    if (stored.first.empty())
+        return;
+    auto frame = std::make_unique<DOM::Frame>();
+    frame->setGraphicalObject(std::make_unique<DOM::Picture>(stored.first, stored.second));
+    table.appendFrame(std::move(frame));
+}
+
+const DrawingPictures::Stored& DrawingPictures::storeEmbedded(const std::string& part)
+{
+    const auto known = _stored.find(part);
+    if (known != _stored.end())
+        return known->second;
+    return _stored[part] = store(*_package.openPart(part), part);
+}
+
+const DrawingPictures::Stored& DrawingPictures::storeLinked(const std::string& target)
+{
+    const std::string key = "link:" + target; // no part has such a name
+    const auto known = _stored.find(key);
+    if (known != _stored.end())
+        return known->second;
+
+    Stored& stored = _stored[key];
+    if (!_run.getOptions().followsLinks) {
+        _run.getReport().emplace_back("Linked picture {} is not read, since links are not followed", target);
+        return stored;
+    }
+    const auto file = findLinkedFile(_run.getOptions().documentFolder, target);
+    if (!file) {
+        _run.getReport().emplace_back("Linked picture {} is no file beside the document", target);
+        return stored;
+    }
+    boost::filesystem::ifstream in(*file, std::ios::binary);
+    return stored = store(in, file->filename().string());
+}
+
+DrawingPictures::Stored DrawingPictures::store(std::istream& in, const std::string& name)
+{
+    const std::size_t count = _run.getMedia().size();
+    const auto id =
+        FilterUtils::savePictureToMediaStorage(in, _run.getMediaStorage(), getPartExtension(name));
+    if (id->empty() || _run.getMedia().size() == count) {
+        _run.getReport().emplace_back("Picture {} cannot be stored", name);
+        return {};
+    }
+    return {*id, _run.getMedia().back().mimeType};
+}
+
+} // namespace QV::Filters

@@ -1,0 +1,269 @@
+#include <Filters/Spreadsheet/SheetBuilder.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <iterator>
+
+#include <fmt/format.h>
+
+#include <FilterUtils/FU_TableIndices.h>
+#include <Filters/Spreadsheet/CellFormats.h>
+#include <Filters/Spreadsheet/CellReferences.h>
+#include <Filters/Spreadsheet/ColumnWidths.h>
+#include <Filters/Spreadsheet/EscapedText.h>
+#include <OfficeUtils/Public/NumberParsing.h>
+#include <Utils/Public/NumberText.h>
+#include <Utils/Public/OperationReport.h>
+
+namespace QV::Filters {
+namespace {
+
+constexpr unsigned long RowsMax = MaxRowIndex.get() + 1;
+constexpr unsigned long ColumnsMax = MaxColumnIndex.get() + 1;
+constexpr double ColumnWidthMax = 255;
+constexpr unsigned long MessagesMax = 1000; // of one pattern, for one sheet
+
+const std::pair<std::u16string_view, CellType> CellTypes[] = {
+    {u"n",         CellType::Number      },
+    {u"s",         CellType::SharedString},
+    {u"b",         CellType::Boolean     },
+    {u"e",         CellType::Error       },
+    {u"str",       CellType::String      },
+    {u"inlineStr", CellType::InlineString},
+    {u"d",         CellType::Date        },
+};
+
+std::string convertAscii(std::u16string_view text)
+{
+    std::string ascii;
+    for (const char16_t c : text)
+        ascii += c < 0x80 ? static_cast<char>(c) : '?';
+    return ascii;
+}
+
+void trimBlanks(std::string& text)
+{
+    constexpr const char* Blanks = " \t\n\r";
+    const std::size_t end = text.find_last_not_of(Blanks) + 1; // 0 where there are only blanks
+    text.erase(end);
+    text.erase(0, text.find_first_not_of(Blanks));
+}
+
+} // namespace
+
+boost::optional<CellType> readCellType(std::u16string_view text)
+{
+    const auto found = std::find_if(
+        std::begin(CellTypes), std::end(CellTypes), [text](const auto& row) { return row.first == text; });
+    return found == std::end(CellTypes) ? boost::none : boost::make_optional(found->second);
+}
+
+SheetBuilder::SheetBuilder(const WorkbookContext& workbook, DOM::Table& table, OperationReport& report)
+    : _workbook(workbook)
+    , _table(table)
+    , _report(report)
+    , _cells(table)
+{
+}
+
+void SheetBuilder::setColumns(
+    unsigned long firstNumber, unsigned long lastNumber, boost::optional<double> width, bool isHidden)
+{
+    if (firstNumber == 0 || firstNumber > lastNumber || firstNumber > ColumnsMax) {
+        _report.emplace_back("Columns {} to {} are not columns of a sheet", std::to_string(firstNumber),
+            std::to_string(lastNumber));
+        return;
+    }
+    DOM::ColumnProps props;
+    props.setHidden(isHidden);
+    if (width && *width >= 0 && *width <= ColumnWidthMax)
+        props.setWidth(convertCharactersToPoints(*width, _workbook.maxDigitWidth));
+    else if (width)
+        _report.emplace_back("Unexpected column width {}", fmt::format("{}", *width));
+    const unsigned long end = std::min(lastNumber, ColumnsMax);
+    _table.setColumnsProps({ColumnIndex(firstNumber - 1), ColumnIndex(end)}, props);
+}
+
+void SheetBuilder::startRow(boost::optional<unsigned long> number)
+{
+    _row = number && *number > 0 ? *number - 1 : _nextRow;
+    _nextRow = _row + 1;
+    _nextColumn = 0;
+}
+
+void SheetBuilder::setRowProps(const DOM::RowProps& props)
+{
+    if (!props.isEmpty() && _row < RowsMax)
+        _table.setRowProps(RowIndex(_row), props);
+}
+
+void SheetBuilder::startCell(std::u16string_view reference, unsigned long format, CellType type)
+{
+    _place = CellIndex(RowIndex(_row), ColumnIndex(_nextColumn));
+    if (!reference.empty()) {
+        const auto place = parseCellReference(reference);
+        if (place)
+            _place = *place;
+        else
+            reportCell("Cell {} stands in for the reference {}, which is none", convertAscii(reference));
+    }
+    _isPlaced = isInGrid(_place);
+    if (!_isPlaced)
+        reportCell("Cell {} lies outside of the sheet and is left out");
+    _nextColumn = _place.getColumn().get() + 1;
+    _format = format;
+    _type = type;
+    _hasValue = false;
+    _text = nullptr;
+}
+
+void SheetBuilder::setValue(const std::string& text)
+{
+    _value = text;
+    _hasValue = true;
+}
+
+void SheetBuilder::setText(const DOM::SharedCellText& text)
+{
+    _text = text;
+}
+
+void SheetBuilder::endCell()
+{
+    if (!_isPlaced)
+        return;
+    const CellFormats& formats = _workbook.formats;
+    if (_format >= formats.getCount() && _format != 0) {
+        reportCell("Cell {} has an unknown format {}", std::to_string(_format));
+        _format = 0;
+    }
+    DOM::SharedCellStyle style = _format < formats.getCount() ? formats.getStyle(_format) : nullptr;
+    if (!style && !_hasValue && !_text) {
+        _table.ensureSize(_place.getRow().get() + 1, _place.getColumn().get() + 1);
+        return;
+    }
+    DOM::Cell& cell = _cells.appendCell(_place.getRow(), _place.getColumn());
+    cell.setSharedStyle(std::move(style));
+    if (_text)
+        cell.setText(_text);
+    else if (_hasValue)
+        storeValue(cell);
+}
+
+void SheetBuilder::storeValue(DOM::Cell& cell)
+{
+    if (_type != CellType::String && _type != CellType::InlineString) {
+        trimBlanks(_value);
+        if (_value.empty())
+            return; // written so for formulas that gave nothing
+    }
+    switch (_type) {
+    case CellType::Number:
+        storeNumber(cell, OfficeUtils::stringToDouble(_value), "Cell {} has a value that is no number: {}");
+        break;
+    case CellType::Date:
+        storeNumber(cell, convertIsoDateToSerial(_value, _workbook.dateSystem),
+            "Cell {} has a value that is no date: {}");
+        break;
+    case CellType::SharedString:
+        storeSharedString(cell);
+        break;
+    case CellType::Boolean:
+        storeBoolean(cell);
+        break;
+    case CellType::Error: {
+        DOM::SharedCellText& text = _errors[_value];
+        if (!text)
+            text = DOM::makePlainCellText(_value);
+        cell.setError(text);
+        break;
+    }
+    case CellType::String:
+    case CellType::InlineString:
+        cell.setText(makeText(_value));
+        break;
+    }
+}
+
+void SheetBuilder::storeNumber(DOM::Cell& cell, boost::optional<double> number, const char* message)
+{
+    if (number && std::isfinite(*number)) {
+        cell.setNumber(*number);
+        return;
+    }
+    reportCell(message, _value);
+    cell.setText(makeText(_value)); // what the file says is not lost
+}
+
+void SheetBuilder::storeSharedString(DOM::Cell& cell)
+{
+    std::size_t position = 0;
+    const auto index = strToUlong(_value, &position, 10);
+    if (!index || position != _value.size() || *index >= _workbook.sharedStrings.size()) {
+        reportCell("Cell {} has an unknown shared string {}", _value);
+        return;
+    }
+    cell.setText(_workbook.sharedStrings[*index]);
+}
+
+void SheetBuilder::storeBoolean(DOM::Cell& cell)
+{
+    if (_value == "1" || _value == "true")
+        cell.setBoolean(true);
+    else if (_value == "0" || _value == "false")
+        cell.setBoolean(false);
+    else
+        storeNumber(cell, boost::none, "Cell {} has a value that is no boolean: {}");
+}
+
+DOM::SharedCellText SheetBuilder::makeText(const std::string& text)
+{
+    std::string plain = text;
+    unescapeText(plain);
+    if (isTooLongForCell(plain))
+        reportCell("Cell {} has more text than applications show: {} bytes", std::to_string(plain.size()));
+    return DOM::makePlainCellText(plain);
+}
+
+std::string SheetBuilder::nameCell() const
+{
+    return FilterUtils::toAlphaIndex(_place);
+}
+
+void SheetBuilder::reportCell(const char* pattern, const std::string& detail)
+{
+    if (++_reported[pattern] > MessagesMax)
+        return;
+    if (detail.empty())
+        _report.emplace_back(pattern, nameCell());
+    else
+        _report.emplace_back(pattern, nameCell(), detail);
+}
+
+void SheetBuilder::reportRange(const char* pattern, std::u16string_view reference)
+{
+    if (++_reported[pattern] <= MessagesMax)
+        _report.emplace_back(pattern, convertAscii(reference));
+}
+
+void SheetBuilder::addMerge(std::u16string_view reference)
+{
+    const auto range = parseRangeReference(reference);
+    if (!range || range->getBeginRow() >= RowsMax || range->getBeginColumn() >= ColumnsMax)
+        reportRange("Merged range {} is no range of a sheet", reference);
+    else if (!_merges.appendRange(*range))
+        reportRange("Merged range {} overlaps an earlier one and is left out", reference);
+}
+
+void SheetBuilder::finish()
+{
+    _cells.finish();
+    FilterUtils::applyMergedPropsToTable(_merges, RowsMax, ColumnsMax, _table);
+    for (const auto& reported : _reported)
+        if (reported.second > MessagesMax)
+            _report.emplace_back("{} more times: {}", std::to_string(reported.second - MessagesMax),
+                std::string(reported.first));
+}
+
+} // namespace QV::Filters

@@ -1,0 +1,259 @@
+#include <Filters/Spreadsheet/SheetReader.h>
+
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include <boost/optional.hpp>
+
+#include <DOM/Public/Table.h>
+#include <FilterUtils/FU_XMLStreamReader.h>
+#include <Filters/Package/FilterRun.h>
+#include <Filters/Package/Package.h>
+#include <Filters/Package/XmlParts.h>
+#include <Filters/Spreadsheet/ColumnWidths.h>
+#include <Filters/Spreadsheet/LeftOut.h>
+#include <Filters/Spreadsheet/SheetBuilder.h>
+#include <Filters/Spreadsheet/SpreadsheetWords.h>
+#include <Filters/Spreadsheet/StringItems.h>
+#include <OfficeUtils/Public/NumberParsing.h>
+#include <Utils/Public/OperationReport.h>
+
+namespace QV::Filters {
+namespace {
+
+using FilterUtils::XMLElement;
+using FilterUtils::XMLFlow;
+using FilterUtils::XMLStep;
+using FilterUtils::XMLStreamElement;
+using FilterUtils::XMLStreamEnd;
+using FilterUtils::XMLStreamStart;
+
+constexpr float UsualRowHeight = 15;     // points
+constexpr unsigned UsualColumnWidth = 8; // characters
+constexpr double RowHeightMax = 409.5;   // points
+
+const std::pair<int, const char*> LeftOutWords[] = {
+    {Words::AutoFilter,            LeftOut::Filters           },
+    {Words::ConditionalFormatting, LeftOut::ConditionalFormats},
+    {Words::Controls,              LeftOut::EmbeddedObjects   },
+    {Words::DataValidations,       LeftOut::DataValidations   },
+    {Words::HeaderFooter,          LeftOut::HeadersFooters    },
+    {Words::Hyperlinks,            LeftOut::Hyperlinks        },
+    {Words::OleObjects,            LeftOut::EmbeddedObjects   },
+    {Words::Picture,               LeftOut::SheetBackgrounds  },
+    {Words::SheetProtection,       LeftOut::Protection        },
+    {Words::SortState,             LeftOut::Filters           },
+    {Words::TableParts,            LeftOut::Tables            },
+};
+
+class SheetHandler final : public FilterUtils::XMLStreamHandler
+{
+public:
+    SheetHandler(const WorkbookContext& workbook, const Colors& colors, DOM::Table& table, FilterRun& run)
+        : _workbook(workbook)
+        , _table(table)
+        , _run(run)
+        , _builder(workbook, table, run.getReport())
+        , _strings(colors, run)
+    {
+        _table.setDefaultRowHeight(UsualRowHeight);
+        _table.setDefaultColumnWidth(getDefaultColumnWidth(UsualColumnWidth, workbook.maxDigitWidth));
+    }
+
+    XMLStep onStart(const XMLStreamStart& element) override
+    {
+        switch (element.getId()) {
+        case Words::Cell:
+            startCell(element);
+            return XMLStep::Enter;
+        case Words::Value:
+            return XMLStep::EnterText;
+        case Words::Formula:
+            _run.leaveOut(LeftOut::Formulas);
+            return XMLStep::Skip;
+        case Words::Row:
+            startRow(element);
+            return XMLStep::Enter;
+        case Words::InlineString:
+            _strings.startItem();
+            return XMLStep::Enter;
+        case Words::Run:
+        case Words::RunProps:
+        case Words::Text:
+        case Words::PhoneticRun:
+            return _strings.onStart(element);
+        default:
+            return startOther(element);
+        }
+    }
+
+    XMLFlow onEnd(const XMLStreamEnd& element) override
+    {
+        switch (element.getId()) {
+        case Words::Value:
+            _value.clear();
+            element.appendText(_value);
+            _builder.setValue(_value);
+            break;
+        case Words::Cell:
+            _builder.endCell();
+            break;
+        case Words::InlineString:
+            _builder.setText(_strings.endItem());
+            break;
+        case Words::Worksheet:
+            break;
+        default:
+            _strings.onEnd(element);
+        }
+        return XMLFlow::Continue;
+    }
+
+    XMLFlow onTree(const XMLStreamElement& element, const XMLElement& tree) override
+    {
+        _strings.onTree(element, tree);
+        return XMLFlow::Continue;
+    }
+
+    SheetReferences finish()
+    {
+        _builder.finish();
+        return _references;
+    }
+
+private:
+    XMLStep startOther(const XMLStreamStart& element)
+    {
+        switch (element.getId()) {
+        case Words::Worksheet:
+        case Words::SheetData:
+        case Words::Columns:
+        case Words::MergeCells:
+            return XMLStep::Enter;
+        case Words::SheetFormatProps:
+            readSheetFormat(element);
+            return XMLStep::Skip;
+        case Words::Column:
+            readColumn(element);
+            return XMLStep::Skip;
+        case Words::MergeCell:
+            _builder.addMerge(element.findAttribute(Words::Ref).value_or(std::u16string_view()));
+            return XMLStep::Skip;
+        case Words::Drawing:
+            _references.drawingId = element.findAttributeText(Words::RelationshipId).value_or(std::string());
+            return XMLStep::Skip;
+        default:
+            for (const auto& word : LeftOutWords)
+                if (word.first == element.getId())
+                    _run.leaveOut(word.second);
+            return XMLStep::Skip;
+        }
+    }
+
+    boost::optional<double> readNumber(const XMLStreamStart& element, int attribute, const char* message)
+    {
+        const auto text = element.findAttributeText(attribute);
+        if (!text)
+            return boost::none;
+        const auto number = OfficeUtils::stringToDouble(*text);
+        if (!number || !(*number >= 0)) {
+            _run.getReport().emplace_back(message, *text);
+            return boost::none;
+        }
+        return number;
+    }
+
+    static bool isTrue(const XMLStreamStart& element, int attribute)
+    {
+        const auto text = element.findAttribute(attribute);
+        return text && (*text == u"1" || *text == u"true" || *text == u"on");
+    }
+
+    void readSheetFormat(const XMLStreamStart& element)
+    {
+        const auto height = readNumber(element, Words::DefaultRowHeight, "Unexpected row height {}");
+        if (height && *height <= RowHeightMax)
+            _table.setDefaultRowHeight(static_cast<float>(*height));
+        if (isTrue(element, Words::ZeroHeight))
+            _table.setDefaultRowHeight(0);
+        const auto width = readNumber(element, Words::DefaultColumnWidth, "Unexpected column width {}");
+        const auto base = readUnsigned(element.findAttribute(Words::BaseColumnWidth));
+        if (width)
+            _table.setDefaultColumnWidth(convertCharactersToPoints(*width, _workbook.maxDigitWidth));
+        else if (base && *base <= 255)
+            _table.setDefaultColumnWidth(
+                getDefaultColumnWidth(static_cast<unsigned>(*base), _workbook.maxDigitWidth));
+    }
+
+    void readColumn(const XMLStreamStart& element)
+    {
+        const unsigned long first = readUnsigned(element.findAttribute(Words::Min)).value_or(0);
+        const unsigned long last = readUnsigned(element.findAttribute(Words::Max)).value_or(first);
+        const auto width = readNumber(element, Words::Width, "Unexpected column width {}");
+        _builder.setColumns(first, last, width, isTrue(element, Words::Hidden));
+    }
+
+    void startRow(const XMLStreamStart& element)
+    {
+        const auto number = element.findAttribute(Words::Reference);
+        const auto row = readUnsigned(number);
+        if (number && !row)
+            _run.getReport().emplace_back(
+                "Row number {} is none", element.findAttributeText(Words::Reference).value_or(std::string()));
+        _builder.startRow(row);
+        DOM::RowProps props;
+        if (element.findAttribute(Words::Height)) {
+            const auto height = readNumber(element, Words::Height, "Unexpected row height {}");
+            if (height && *height <= RowHeightMax)
+                props.setHeight(static_cast<float>(*height));
+        }
+        props.setHidden(isTrue(element, Words::Hidden));
+        _builder.setRowProps(props);
+    }
+
+    void startCell(const XMLStreamStart& element)
+    {
+        CellType type = CellType::Number;
+        if (const auto text = element.findAttribute(Words::Type)) {
+            const auto known = readCellType(*text);
+            if (!known)
+                _run.getReport().emplace_back(
+                    "Unknown cell type {}", element.findAttributeText(Words::Type).value_or(std::string()));
+            type = known.value_or(CellType::String); // whatever it is, its text is kept
+        }
+        unsigned long format = 0;
+        if (const auto text = element.findAttribute(Words::Style)) {
+            const auto number = readUnsigned(text);
+            if (!number)
+                _run.getReport().emplace_back("Cell format number {} is none",
+                    element.findAttributeText(Words::Style).value_or(std::string()));
+            format = number.value_or(0);
+        }
+        _builder.startCell(
+            element.findAttribute(Words::Reference).value_or(std::u16string_view()), format, type);
+    }
+
+    const WorkbookContext& _workbook;
+    DOM::Table& _table;
+    FilterRun& _run;
+    SheetBuilder _builder;
+    StringItems _strings;
+    SheetReferences _references;
+    std::string _value;
+};
+
+} // namespace
+
+SheetReferences readSheet(Package& package, const std::string& part, const WorkbookContext& workbook,
+    const Colors& colors, DOM::Table& table, FilterRun& run)
+{
+    SheetHandler handler(workbook, colors, table, run);
+    const auto in = package.openPart(part);
+    const FilterUtils::XMLStreamReader reader(getSpreadsheetWords(), makePartReadOptions());
+    judgeReading(reader.read(*in, handler), part, run.getReport());
+    return handler.finish();
+}
+
+} // namespace QV::Filters

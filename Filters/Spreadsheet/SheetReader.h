@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include <Filters/Package/Export.h>
+
+namespace QV::DOM {
+class Table;
+}
+
+namespace QV::Filters {
+
+class Colors;
+class FilterRun;
+class Package;
+struct WorkbookContext;
+
+/// What a sheet part refers to, for others to read.
+struct SheetReferences
+{
+    std::string drawingId; ///< of the relationship; empty where the sheet has no drawing
+};
+
+/// Reads a worksheet part into a table, as a stream: a sheet of any size costs only what its table does.
+/// A part that is broken is reported, and leaves what came before the damage. Throws PackageError for a
+/// refused part.
+FILTERS_API SheetReferences readSheet(Package& package, const std::string& part,
+    const WorkbookContext& workbook, const Colors& colors, DOM::Table& table, FilterRun& run);
+
+} // namespace QV::Filters

@@ -1,0 +1,168 @@
+#include <Filters/Spreadsheet/SpreadsheetImport.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <DOM/Public/Document.h>
+#include <DOM/Public/Table.h>
+#include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Package/ContentTypes.h>
+#include <Filters/Package/FilterRun.h>
+#include <Filters/Package/MainPart.h>
+#include <Filters/Package/Package.h>
+#include <Filters/Package/PackageError.h>
+#include <Filters/Package/Relationships.h>
+#include <Filters/Package/XmlParts.h>
+#include <Filters/Spreadsheet/CellFormats.h>
+#include <Filters/Spreadsheet/Colors.h>
+#include <Filters/Spreadsheet/ColumnWidths.h>
+#include <Filters/Spreadsheet/DrawingPictures.h>
+#include <Filters/Spreadsheet/LeftOut.h>
+#include <Filters/Spreadsheet/SharedStrings.h>
+#include <Filters/Spreadsheet/SheetBuilder.h>
+#include <Filters/Spreadsheet/SheetReader.h>
+#include <Filters/Spreadsheet/Workbook.h>
+#include <Utils/Public/OperationReport.h>
+
+namespace QV::Filters {
+namespace {
+
+using FilterUtils::XMLElement;
+
+constexpr const char* UsualFontName = "Calibri";
+constexpr float UsualFontSize = 11;
+
+class SpreadsheetImporter
+{
+public:
+    SpreadsheetImporter(Package& package, FilterRun& run)
+        : _package(package)
+        , _run(run)
+    {
+    }
+
+    void import()
+    {
+        const MainPart mainPart = findWorkbook();
+        _relationships =
+            std::make_unique<Relationships>(Relationships::read(_package, mainPart.name, _run.getReport()));
+        const XMLElement root = readXml(_package, mainPart.name, _run.getReport());
+        if (!root.isValid())
+            throw PackageError(PackageError::Kind::Damaged,
+                "part \"" + makePrintable(mainPart.name) + "\" is not well-formed XML", mainPart.name);
+        const Workbook workbook = readWorkbook(root, mainPart.dialect, _run);
+        readStyles(workbook.names);
+        if (const Relationship* const strings = _relationships->findByType("sharedStrings"))
+            _strings = readSharedStrings(_package, strings->target, _colors, _run);
+        noteLeftOut();
+
+        const DOM::RunProps& font = *_formats.getDefaultFont();
+        const int maxDigitWidth = getMaxDigitWidth(
+            font.getFontName().value_or(UsualFontName), font.getFontSize().value_or(UsualFontSize));
+        const WorkbookContext context{_formats, _strings, workbook.dateSystem, maxDigitWidth};
+        for (const SheetEntry& sheet : workbook.sheets)
+            importSheet(sheet, context);
+    }
+
+private:
+    MainPart findWorkbook()
+    {
+        const ContentTypes types = ContentTypes::read(_package, _run.getReport());
+        const Relationships relationships = Relationships::read(_package, {}, _run.getReport());
+        MainPart mainPart = findMainPart(_package, types, relationships);
+        if (mainPart.kind != DocumentKind::Spreadsheet)
+            throw PackageError(PackageError::Kind::Unsupported,
+                mainPart.kind == DocumentKind::Text ? "a text document; only workbooks can be read"
+                                                    : "a presentation; only workbooks can be read",
+                mainPart.name);
+        return mainPart;
+    }
+
+    void readStyles(const Names& names)
+    {
+        if (const Relationship* const theme = _relationships->findByType("theme"))
+            _colors.readTheme(readXml(_package, theme->target, _run.getReport()), _run.getReport());
+        if (const Relationship* const styles = _relationships->findByType("styles"))
+            _formats.read(readXml(_package, styles->target, _run.getReport()), names, _colors, _run);
+    }
+
+    /// What else hangs on the workbook.
+    void noteLeftOut()
+    {
+        for (const Relationship& relationship : _relationships->getAll()) {
+            if (relationship.isType("externalLink"))
+                addExternalLink(relationship.target);
+            else if (relationship.isType("pivotCacheDefinition"))
+                _run.leaveOut(LeftOut::PivotTables);
+            else if (relationship.isType("connections") || relationship.isType("xmlMaps"))
+                _run.leaveOut(LeftOut::DataConnections);
+            else if (relationship.type.find("vbaProject") != std::string::npos)
+                _run.leaveOut(LeftOut::Macros);
+        }
+    }
+
+    void addExternalLink(const std::string& part)
+    {
+        OperationReport unused; // that an external target is not followed is what the link says
+        const Relationships relationships = Relationships::read(_package, part, unused);
+        for (const Relationship& relationship : relationships.getAll())
+            if (relationship.isExternal)
+                _run.addLink(relationship.target);
+    }
+
+    void importSheet(const SheetEntry& sheet, const WorkbookContext& context)
+    {
+        const Relationship* const relationship = _relationships->findById(sheet.relationshipId);
+        if (relationship && !relationship->isType("worksheet")) {
+            _run.leaveOut(LeftOut::AlternateSheets);
+            return;
+        }
+        auto table = std::make_unique<DOM::Table>();
+        table->setName(sheet.name);
+        table->setVisible(sheet.isVisible);
+        if (relationship && !relationship->isExternal)
+            readSheetPart(relationship->target, context, *table);
+        else
+            _run.getReport().emplace_back("Sheet {} has no part", sheet.name);
+        _run.getDocument().getBlocks().append(std::move(table));
+    }
+
+    void readSheetPart(const std::string& part, const WorkbookContext& context, DOM::Table& table)
+    {
+        const SheetReferences references = readSheet(_package, part, context, _colors, table, _run);
+        const Relationships relationships = Relationships::read(_package, part, _run.getReport());
+        for (const Relationship& relationship : relationships.getAll()) {
+            if (relationship.isType("comments"))
+                _run.leaveOut(LeftOut::Comments);
+            else if (relationship.isType("pivotTable"))
+                _run.leaveOut(LeftOut::PivotTables);
+        }
+        if (references.drawingId.empty())
+            return;
+        const Relationship* const drawing = relationships.findById(references.drawingId);
+        if (drawing && !drawing->isExternal)
+            _pictures.read(drawing->target, table);
+        else
+            _run.getReport().emplace_back(
+                "Drawing {} of sheet {} is missing", references.drawingId, table.getName());
+    }
+
+    Package& _package;
+    FilterRun& _run;
+    std::unique_ptr<Relationships> _relationships; // of the workbook
+    Colors _colors;
+    CellFormats _formats;
+    std::vector<DOM::SharedCellText> _strings;
+    DrawingPictures _pictures{_package, _run};
+};
+
+} // namespace
+
+void importSpreadsheet(Package& package, FilterRun& run)
+{
+    SpreadsheetImporter(package, run).import();
+}
+
+} // namespace QV::Filters

@@ -1,0 +1,106 @@
+#include <Filters/Spreadsheet/SpreadsheetWords.h>
+
+#include <limits>
+
+#include <Filters/Package/Namespaces.h>
+
+namespace QV::Filters {
+namespace {
+
+FilterUtils::XMLVocabulary::Namespace makeNamespace(const char* alias, Vocabulary vocabulary)
+{
+    return {
+        alias, {getNamespace(vocabulary, Dialect::Transitional), getNamespace(vocabulary, Dialect::Strict)}
+    };
+}
+
+FilterUtils::XMLVocabulary makeWords()
+{
+    return FilterUtils::XMLVocabulary(
+        {
+            makeNamespace("x", Vocabulary::Spreadsheet),
+            makeNamespace("a", Vocabulary::Drawing),
+            makeNamespace("xdr", Vocabulary::SpreadsheetDrawing),
+            makeNamespace("r", Vocabulary::Relationships),
+            {"mc", {getNamespace(Vocabulary::MarkupCompatibility, Dialect::Transitional)}},
+    },
+        {
+            {Words::Worksheet, "x:worksheet"},
+            {Words::SheetFormatProps, "x:sheetFormatPr"},
+            {Words::Columns, "x:cols"},
+            {Words::Column, "x:col"},
+            {Words::SheetData, "x:sheetData"},
+            {Words::Row, "x:row"},
+            {Words::Cell, "x:c"},
+            {Words::Value, "x:v"},
+            {Words::Formula, "x:f"},
+            {Words::InlineString, "x:is"},
+            {Words::MergeCells, "x:mergeCells"},
+            {Words::MergeCell, "x:mergeCell"},
+            {Words::Drawing, "x:drawing"},
+            {Words::AutoFilter, "x:autoFilter"},
+            {Words::ConditionalFormatting, "x:conditionalFormatting"},
+            {Words::Controls, "x:controls"},
+            {Words::DataValidations, "x:dataValidations"},
+            {Words::HeaderFooter, "x:headerFooter"},
+            {Words::Hyperlinks, "x:hyperlinks"},
+            {Words::OleObjects, "x:oleObjects"},
+            {Words::Picture, "x:picture"},
+            {Words::SheetProtection, "x:sheetProtection"},
+            {Words::SortState, "x:sortState"},
+            {Words::TableParts, "x:tableParts"},
+            {Words::SharedStrings, "x:sst"},
+            {Words::StringItem, "x:si"},
+            {Words::Text, "x:t"},
+            {Words::Run, "x:r"},
+            {Words::RunProps, "x:rPr"},
+            {Words::PhoneticRun, "x:rPh"},
+            {Words::DrawnPicture, "xdr:pic"},
+            {Words::Blip, "a:blip"},
+            {Words::Shape, "xdr:sp"},
+            {Words::Connector, "xdr:cxnSp"},
+            {Words::GraphicFrame, "xdr:graphicFrame"},
+            {Words::Choice, "mc:Choice"},
+            {Words::BaseColumnWidth, "baseColWidth"},
+            {Words::DefaultColumnWidth, "defaultColWidth"},
+            {Words::DefaultRowHeight, "defaultRowHeight"},
+            {Words::Embed, "r:embed"},
+            {Words::Height, "ht"},
+            {Words::Hidden, "hidden"},
+            {Words::Link, "r:link"},
+            {Words::Max, "max"},
+            {Words::Min, "min"},
+            {Words::Ref, "ref"},
+            {Words::Reference, "r"},
+            {Words::RelationshipId, "r:id"},
+            {Words::Style, "s"},
+            {Words::Type, "t"},
+            {Words::Width, "width"},
+            {Words::ZeroHeight, "zeroHeight"},
+        });
+}
+
+} // namespace
+
+const FilterUtils::XMLVocabulary& getSpreadsheetWords()
+{
+    static const FilterUtils::XMLVocabulary words = makeWords();
+    return words;
+}
+
+boost::optional<unsigned long> readUnsigned(const boost::optional<std::u16string_view>& text)
+{
+    if (!text || text->empty())
+        return boost::none;
+    unsigned long number = 0;
+    for (const char16_t c : *text) {
+        if (c < u'0' || c > u'9')
+            return boost::none;
+        number = number * 10 + (c - u'0');
+        if (number > std::numeric_limits<unsigned>::max())
+            return boost::none;
+    }
+    return number;
+}
+
+} // namespace QV::Filters
