@@ -1,0 +1,77 @@
+#include <ImportCommand.h>
+
+#include <functional>
+#include <iostream>
+#include <iterator>
+
+#include <boost/filesystem/path.hpp>
+
+#include <Filters/ModelJson/ReportJson.h>
+#include <Filters/ModelJson/SpreadsheetJson.h>
+#include <Filters/Package/FilterRun.h>
+#include <Filters/Package/Package.h>
+#include <Filters/Spreadsheet/SpreadsheetImport.h>
+#include <MediaFolder.h>
+#include <OutputFile.h>
+#include <Summary.h>
+
+namespace QV::Tool {
+namespace {
+
+const char* const StandardInput = "-";
+
+Filters::Package openPackage(const std::string& file)
+{
+    if (file != StandardInput)
+        return Filters::Package::openFile(file);
+    std::string bytes((std::istreambuf_iterator<char>(std::cin)), std::istreambuf_iterator<char>());
+    return Filters::Package::openBytes(std::move(bytes));
+}
+
+Filters::ImportOptions makeOptions(const ImportArguments& arguments, const MediaFolder& media)
+{
+    Filters::ImportOptions options;
+    options.mediaFolder = media.getGrowingFolder();
+    options.areIdsSequential = arguments.areIdsSequential;
+    options.followsLinks = arguments.followsLinks;
+    if (arguments.file != StandardInput) {
+        const boost::filesystem::path folder = boost::filesystem::path(arguments.file).parent_path();
+        options.documentFolder = folder.empty() ? "." : folder.string();
+    }
+    return options;
+}
+
+} // namespace
+
+void runImport(const ImportArguments& arguments)
+{
+    Filters::Package package = openPackage(arguments.file);
+    MediaFolder media(arguments.media);
+    Filters::FilterRun run(makeOptions(arguments, media));
+    Filters::importSpreadsheet(package, run);
+
+    const bool wantsSummary = arguments.model.empty() && arguments.report.empty();
+    if (wantsSummary) {
+        OutputFile output("-");
+        writeSummary(arguments.file, run, output.getStream());
+        output.commit();
+    }
+    std::unique_ptr<OutputFile> model;
+    std::unique_ptr<OutputFile> report;
+    if (!arguments.model.empty()) {
+        model = std::make_unique<OutputFile>(arguments.model);
+        Filters::writeSpreadsheetJson(run, model->getStream());
+    }
+    if (!arguments.report.empty()) {
+        report = std::make_unique<OutputFile>(arguments.report);
+        Filters::writeReportJson(run, report->getStream());
+    }
+    // Each is whole by now; what can still fail is a rename.
+    media.commit();
+    if (model)
+        model->commit();
+    if (report)
+        report->commit();
+}
+
+} // namespace QV::Tool

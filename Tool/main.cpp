@@ -1,0 +1,92 @@
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <new>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <xercesc/util/PlatformUtils.hpp>
+
+#include <Filters/Package/PackageError.h>
+#include <ImportCommand.h>
+#include <OutputFile.h>
+#include <Utils/Public/Assertions.h>
+
+namespace {
+
+enum ExitStatus
+{
+    Done = 0,
+    UnreadableInput = 1,
+    WrongUsage = 2,
+    UnwritableOutput = 4,
+};
+
+int fail(const std::string& what, ExitStatus status)
+{
+    std::cerr << "qvfilter: " << what << '\n';
+    return status;
+}
+
+void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
+{
+    CLI::App* const command =
+        app.add_subcommand("import", "Read a workbook; without --model or --report, print a summary");
+    command->add_option("FILE", arguments.file, "The document; - is standard input")->required();
+    command->add_option("--model", arguments.model, "Write the model as JSON; - is standard output");
+    command->add_option("--report", arguments.report, "Write the messages as JSON; - is standard output");
+    command->add_option("--media", arguments.media, "Keep pictures in this folder");
+    command
+        ->add_option_function<std::string>(
+            "--ids", [&](const std::string& kind) { arguments.areIdsSequential = kind == "sequential"; },
+            "How generated ids look: uuid (the default), or sequential: id1, id2, ...")
+        ->check(CLI::IsMember({"uuid", "sequential"}));
+    command->add_flag(
+        "--follow-links", arguments.followsLinks, "Read linked pictures that lie beside the document too");
+    command->callback([&] {
+        if (arguments.model == "-" && arguments.report == "-")
+            throw CLI::ValidationError("--model and --report cannot both be standard output");
+    });
+    command->footer(
+        "Exit status: 0 done; 1 the input cannot be read; 2 wrong usage; 4 an output cannot be written.");
+}
+
+int run(int count, char** texts)
+{
+    CLI::App app("Turns documents into the model and back.", "qvfilter");
+    app.set_version_flag("--version", "qvfilter " QV_VERSION);
+    app.require_subcommand(1);
+    QV::Tool::ImportArguments arguments;
+    addImport(app, arguments);
+    try {
+        app.parse(count, texts);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error, std::cout, std::cerr) == 0 ? Done : WrongUsage;
+    }
+    QV::Tool::runImport(arguments);
+    return Done;
+}
+
+} // namespace
+
+int main(int count, char** texts)
+{
+    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is an output that cannot be written
+    std::ios::sync_with_stdio(false);
+    xercesc::XMLPlatformUtils::Initialize();
+    QV::setFailAssertHandler(
+        [](const char* file, int line, const char* expression, boost::string_ref message) {
+            std::cerr << fmt::format("{}:{}: {} {}\n", file, line, expression, message.to_string());
+        });
+    try {
+        return run(count, texts);
+    } catch (const QV::Filters::PackageError& error) {
+        return fail(error.what(), UnreadableInput);
+    } catch (const QV::Tool::OutputError& error) {
+        return fail(error.what(), UnwritableOutput);
+    } catch (const std::bad_alloc&) {
+        return fail("there is not enough memory for this document", UnreadableInput);
+    } catch (const std::exception& error) {
+        return fail(error.what(), UnreadableInput);
+    }
+}
