@@ -16,7 +16,8 @@ import unittest
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent.parent / "Samples"))
 # pylint: disable=wrong-import-position
-from package_parts import number, row, workbook, write_package
+import hostile_parts
+from package_parts import number, png, row, workbook, write_package
 from tool_runner import allowance, run
 
 PROGRAM, SAMPLES = "", pathlib.Path()
@@ -69,7 +70,8 @@ class Usage(Case):
     def test_wrong_usage_is_status_2_and_says_why_on_stderr(self):
         for arguments in ([], ["improt", self.orders], ["import"], ["import", self.orders, "--modle", "x"],
                           ["import", self.orders, "--ids", "random"], ["import", self.orders, "--model"],
-                          ["import", self.orders, self.orders]):
+                          ["import", self.orders, self.orders],
+                          ["import", self.orders, "--model", "-", "--report", "-"]):
             with self.subTest(arguments):
                 outcome = self.expect(2, *arguments)
                 self.assertEqual(outcome.stdout, b"")
@@ -261,10 +263,31 @@ class Model(Case):
 
     def test_bad_values_are_reported_and_the_rest_is_there(self):
         outcome = self.expect(0, "import", SAMPLES / "bad-values.xlsx", "--report", "-")
-        messages = json.loads(outcome.stdout)["messages"]
-        self.assertGreaterEqual(len(messages), 10)
-        for message in messages:
-            self.assertTrue(message["text"])
+        report = json.loads(outcome.stdout)
+        self.assertEqual(list(report), ["messages", "leftOut"])
+        self.assertGreaterEqual(len(report["messages"]), 10)
+        for message in report["messages"]:
+            self.assertEqual(list(message), ["message", "text", "arguments"])
+            for argument in message["arguments"]:
+                self.assertIn(argument, message["message"])
+
+    def test_linked_picture_is_followed_only_when_asked_and_only_beside_the_document(self):
+        parts = hostile_parts.pictured("beside.png", "External", "r:link", "")
+        outside = hostile_parts.pictured("../outside.png", "External", "r:link", "")
+        (self.folder / "documents").mkdir()
+        picture = png(2, 2, lambda x, y: (x, y, 0))
+        for name, package in (("documents/beside.xlsx", parts), ("documents/outside.xlsx", outside)):
+            write_package(self.folder / name, package)
+        for name in ("outside.png", "documents/beside.png"):
+            (self.folder / name).write_bytes(picture)
+        for name, option, count in (("beside", [], 0), ("beside", ["--follow-links"], 1),
+                                    ("outside", ["--follow-links"], 0)):
+            with self.subTest((name, option)):
+                model = self.model_of(f"documents/{name}.xlsx", "--media", "media", *option)
+                self.assertEqual(len(model["media"]), count)
+                kept = list((self.folder / "media").glob("*")) if (self.folder / "media").exists() else []
+                self.assertEqual([path.read_bytes() for path in kept], [picture] * count)
+                shutil.rmtree(self.folder / "media", ignore_errors=True)
 
 
 if __name__ == "__main__":

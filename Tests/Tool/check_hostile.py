@@ -28,7 +28,7 @@ def problems_of(case, watcher, path):
         if not case.compare:
             return []
         sheets = WorkbookReader(io.BytesIO(content)).sheets
-        return [str(tuple(found)) for found in compare_model(verdict.model, media, verdict.messages, sheets)]
+        return [str(tuple(found)) for found in compare_model(verdict.model, media, verdict.report, sheets)]
 
     verdict = watcher.watch(path, compare)
     problems = verdict.problems

@@ -70,7 +70,7 @@ def load(path, values):
 
 
 def import_file(program, path, folder):
-    """The model and the messages of an import, or the difference that its failure is."""
+    """The model and the report of an import, or the difference that its failure is."""
     model, report, media = folder / "model.json", folder / "report.json", folder / "media"
     command = [program, "import", str(path), "--model", str(model), "--report", str(report), "--media", str(media),
                "--ids", "sequential"]
@@ -79,20 +79,20 @@ def import_file(program, path, folder):
         why = "took too long" if outcome.timed_out else f"status {outcome.status}: {outcome.error_lines()[:3]}"
         return None, None, [Difference("", "import", why)]
     with open(model, encoding="utf-8") as file, open(report, encoding="utf-8") as messages:
-        return json.load(file), json.load(messages)["messages"], []
+        return json.load(file), json.load(messages), []
 
 
 def compare_file(program, path):
     """All differences of one file, and how often each of openpyxl's rules was needed."""
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        model, messages, found = import_file(program, path, folder)
+        model, report, found = import_file(program, path, folder)
         try:
             reader = WorkbookReader(path)
         except Unreadable as error:
             return found + [Difference("", "slow reader", str(error))], {}
         if model:
-            found += compare_model(model, folder / "media", messages, reader.sheets, reader.default_font)
+            found += compare_model(model, folder / "media", report, reader.sheets, reader.default_font)
     rules = OpenpyxlRules(reader.date1904)
     try:
         found += rules.compare(reader.sheets, load(path, values=True))

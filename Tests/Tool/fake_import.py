@@ -191,8 +191,8 @@ def main():
     pathlib.Path(options.model).write_text(json.dumps(model), encoding="utf-8")
     if damage == "silence":
         lost = -sum(sheet.refused_merges + sheet.bad_places for sheet in sheets)
-    messages = [{"text": "bad value"}] * (lost + sum(sheet.refused_merges + sheet.bad_places for sheet in sheets))
-    pathlib.Path(options.report).write_text(json.dumps({"messages": messages}), encoding="utf-8")
+    messages = [{"message": "bad value", "text": "bad value", "arguments": []}] * (lost + sum(sheet.refused_merges + sheet.bad_places for sheet in sheets))
+    pathlib.Path(options.report).write_text(json.dumps({"messages": messages, "leftOut": []}), encoding="utf-8")
     return 0
 
 

@@ -15,16 +15,10 @@ SECONDS = 10
 class Verdict:
     status: int = 0
     line: str = ""  # what stderr says
-    messages: list = field(default_factory=list)  # the report's, as one text each
+    messages: list = field(default_factory=list)  # the report's, as a person reads them
     model: dict = None
+    report: dict = None
     problems: list = field(default_factory=list)
-
-
-def message_text(message):
-    """One message as a person would read it: its pattern, then its arguments."""
-    if isinstance(message, str):
-        return message
-    return " ".join([message["text"], *map(str, message.get("arguments", []))])
 
 
 class Watcher:
@@ -108,8 +102,8 @@ class Watcher:
                 verdict.problems.append(f"no {name}")
                 return
         verdict.model = json.loads((out / "model.json").read_text(encoding="utf-8"))
-        report = json.loads((out / "report.json").read_text(encoding="utf-8"))
-        verdict.messages = [message_text(message) for message in report["messages"]]
+        verdict.report = json.loads((out / "report.json").read_text(encoding="utf-8"))
+        verdict.messages = [message["message"] for message in verdict.report["messages"]]
         expected = {"out/model.json", "out/report.json", "out/media"}
         expected |= {f"out/media/{entry['id']}" for entry in verdict.model["media"]}
         extra = {path for path in present if path.startswith("out/")} - expected
