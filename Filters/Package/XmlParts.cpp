@@ -37,6 +37,25 @@ XMLElement readXml(Package& package, const std::string& part, OperationReport& r
     return judgeReading(result, part, report) ? root : XMLElement();
 }
 
+bool readXmlStream(Package& package, const std::string& part, const FilterUtils::XMLVocabulary& words,
+    FilterUtils::XMLStreamHandler& handler, OperationReport& report)
+{
+    const std::unique_ptr<std::istream> stream = package.openPart(part);
+    const FilterUtils::XMLStreamReader reader(words, makePartReadOptions());
+    return judgeReading(reader.read(*stream, handler), part, report);
+}
+
+FilterUtils::XMLVocabulary::Namespace makeXmlNamespace(const std::string& alias, Vocabulary vocabulary)
+{
+    const std::string& transitional = getNamespace(vocabulary, Dialect::Transitional);
+    const std::string& strict = getNamespace(vocabulary, Dialect::Strict);
+    if (transitional == strict)
+        return {alias, {transitional}};
+    return {
+        alias, {transitional, strict}
+    };
+}
+
 XMLReadOptions makePartReadOptions()
 {
     XMLReadOptions options;

@@ -7,6 +7,8 @@
 
 #include <FilterUtils/FU_XMLElement.h>
 #include <FilterUtils/FU_XMLReadOptions.h>
+#include <FilterUtils/FU_XMLStreamReader.h>
+#include <FilterUtils/FU_XMLVocabulary.h>
 
 #include <Filters/Package/Export.h>
 #include <Filters/Package/Namespaces.h>
@@ -31,6 +33,22 @@ class Package;
 ///     - LimitExceeded: the part is longer than PackageLimits::treeBytes, or breaks a bound of XMLReadOptions
 FILTERS_API FilterUtils::XMLElement readXml(
     Package& package, const std::string& part, OperationReport& report);
+
+/// Reads a part as a stream of elements, in constant memory, however long it is (see XMLStreamReader).
+///
+///     const XMLVocabulary words({makeXmlNamespace("x", Vocabulary::Spreadsheet)}, {{Row, "x:row"}, {Cell,
+///     "x:c"}}); readXmlStream(package, "xl/worksheets/sheet1.xml", words, handler, report);
+///
+/// Malformed XML ends the reading after adding the message of readXml; the handler has then met what stands
+/// before. Throws as readXml does, and what the handler throws; `treeBytes` does not bound a stream.
+///
+/// @return false where the XML is malformed
+FILTERS_API bool readXmlStream(Package& package, const std::string& part,
+    const FilterUtils::XMLVocabulary& words, FilterUtils::XMLStreamHandler& handler, OperationReport& report);
+
+/// A namespace for a stream's words that stands for both dialects of @p vocabulary.
+FILTERS_API FilterUtils::XMLVocabulary::Namespace makeXmlNamespace(
+    const std::string& alias, Vocabulary vocabulary);
 
 /// How parts are read: XMLReadOptions without a document type, and in UTF-8 or UTF-16 only.
 FILTERS_API FilterUtils::XMLReadOptions makePartReadOptions();
