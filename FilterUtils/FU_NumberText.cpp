@@ -6,9 +6,11 @@
 #include <iterator>
 #include <limits>
 #include <locale>
+#include <utility>
 
 #include <boost/regex.hpp>
 
+#include <DOM/Public/FloatNumber.h>
 #include <DOM/Public/FuzzyCompare.h>
 #include <OfficeUtils/Public/ICUDecimalFormatWrapper.h>
 #include <OfficeUtils/Public/LocaleContext.h>

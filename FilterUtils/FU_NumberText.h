@@ -9,8 +9,11 @@
 
 #include <boost/utility/string_ref.hpp>
 
-#include <DOM/Public/FloatNumber.h>
 #include <FilterUtils/FU_Export.h>
+
+namespace QV {
+class FloatNumber;
+}
 
 namespace QV::FilterUtils {
 

@@ -41,9 +41,10 @@ bool doAllAgree(const Texts& texts)
         const auto color = convertToRGBAColor(report, texts.colors[i]);
         if (!color)
             return false;
-        const unsigned long rgb = static_cast<unsigned long>(color->r) << 16 | color->g << 8 | color->b;
-        const bool hasAlpha = texts.digits[i].size() == 8;
-        if ((hasAlpha ? rgb << 8 | color->a : rgb) != std::stoul(texts.digits[i], nullptr, 16))
+        std::string written = convertRGBColor(*color);
+        if (texts.digits[i].size() == 8)
+            written += fmt::format("{:02X}", color->a);
+        if (written != texts.digits[i])
             return false;
     }
     return report.getMessages().empty();

@@ -3,7 +3,6 @@
 /// @file
 /// The document model's comparison of floating-point numbers that went through arithmetic on their way.
 
-#include <algorithm>
 #include <cmath>
 
 namespace QV::DOM {
@@ -36,9 +35,9 @@ bool isFuzzyEqual(T a, T b)
         return true;
     if (!std::isfinite(a) || !std::isfinite(b) || a == 0 || b == 0 || std::signbit(a) != std::signbit(b))
         return false;
-    const T smaller = std::min(std::fabs(a), std::fabs(b));
-    const T larger = std::max(std::fabs(a), std::fabs(b));
-    return T(1) - smaller / larger < FuzzyTolerance<T>;
+    const T first = std::fabs(a);
+    const T second = std::fabs(b);
+    return T(1) - (first < second ? first / second : second / first) < FuzzyTolerance<T>;
 }
 
 } // namespace QV::DOM
