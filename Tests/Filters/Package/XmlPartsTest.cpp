@@ -81,10 +81,10 @@ const RefusedRow RefusedRows[] = {
     {"Windows",      "<?xml version='1.0' encoding='windows-1252'?><a/>",                    Kind::Refused,       Encoding},
     {"Depth",        nest(1001),                                                             Kind::LimitExceeded,
      "breaks a limit of XML in line 1: elements are nested deeper than 1000 levels (1001; the limit is "
-     "1000)"                                                                                                              },
+        "1000)"                                                                                                           },
     {"Attributes",   makeAttributes(1001),                                                   Kind::LimitExceeded,
      "breaks a limit of XML in line 1: an element has more than 1000 attributes (1001; the limit is "
-     "1000)"                                                                                                              },
+        "1000)"                                                                                                           },
 };
 
 class RefusedXml : public testing::TestWithParam<RefusedRow>
