@@ -266,8 +266,11 @@ void XMLHardenedParser::checkEncoding() const
     for (const char* const accepted : {"UTF-8", "UTF8", "UTF-16", "UTF16"})
         if (encoding.compare(0, std::char_traits<char>::length(accepted), accepted) == 0)
             return;
-    breach(XMLOutcome::EncodingRefused,
-        fmt::format("the document is in {}, and not in UTF-8 or UTF-16", encoding));
+    const bool acceptsLatin1 = _options.encodings == XMLEncodings::Utf8Utf16AndLatin1;
+    if (acceptsLatin1 && (encoding == "ISO-8859-1" || encoding == "US-ASCII"))
+        return;
+    breach(XMLOutcome::EncodingRefused, fmt::format("the document is in {}, and not in UTF-8{}", encoding,
+                                            acceptsLatin1 ? ", UTF-16 or ISO-8859-1" : " or UTF-16"));
 }
 
 bool XMLHardenedParser::isNamespaceDeclaration(const xercesc::XMLAttr& attribute) const

@@ -60,7 +60,7 @@ XMLReadOptions makePartReadOptions()
 {
     XMLReadOptions options;
     options.doctypes = FilterUtils::XMLDoctypes::Refused;
-    options.encodings = FilterUtils::XMLEncodings::Utf8AndUtf16;
+    options.encodings = FilterUtils::XMLEncodings::Utf8Utf16AndLatin1;
     return options;
 }
 
@@ -78,7 +78,7 @@ bool judgeReading(const XMLReadResult& result, const std::string& part, Operatio
     case XMLOutcome::DoctypeRefused:
         refuse(Kind::Refused, part, "has a document type declaration, which packages may not have");
     case XMLOutcome::EncodingRefused:
-        refuse(Kind::Refused, part, "is in an encoding other than UTF-8 and UTF-16");
+        refuse(Kind::Refused, part, "is in an encoding other than UTF-8, UTF-16 and ISO-8859-1");
     case XMLOutcome::InputLimit:
         refuse(Kind::LimitExceeded, part,
             fmt::format("holds {} bytes or more; the limit for a part that is read as a tree is {}",

@@ -28,8 +28,8 @@ class Package;
 ///     - "Part {} is not well-formed XML, line {}"
 ///
 /// Throws PackageError, besides what reading the part throws:
-///     - Refused: the part has a document type declaration, which packages may not have, or is neither in
-///       UTF-8 nor in UTF-16
+///     - Refused: the part has a document type declaration, which packages may not have, or is in an
+///       encoding other than UTF-8, UTF-16 and ISO-8859-1
 ///     - LimitExceeded: the part is longer than PackageLimits::treeBytes, or breaks a bound of XMLReadOptions
 FILTERS_API FilterUtils::XMLElement readXml(
     Package& package, const std::string& part, OperationReport& report);
@@ -50,7 +50,7 @@ FILTERS_API bool readXmlStream(Package& package, const std::string& part,
 FILTERS_API FilterUtils::XMLVocabulary::Namespace makeXmlNamespace(
     const std::string& alias, Vocabulary vocabulary);
 
-/// How parts are read: XMLReadOptions without a document type, and in UTF-8 or UTF-16 only.
+/// How parts are read: XMLReadOptions without a document type, and in UTF-8, UTF-16 or ISO-8859-1.
 FILTERS_API FilterUtils::XMLReadOptions makePartReadOptions();
 
 /// Says what the end of a reading means for @p part: throws, reports or does nothing, as readXml describes.

@@ -4,7 +4,6 @@
 
 #include <FilterUtils/FU_XMLStreamReader.h>
 #include <Filters/Package/FilterRun.h>
-#include <Filters/Package/Package.h>
 #include <Filters/Package/XmlParts.h>
 #include <Filters/Spreadsheet/LeftOut.h>
 #include <Filters/Spreadsheet/SpreadsheetWords.h>
@@ -80,9 +79,7 @@ private:
 std::vector<std::string> readDrawing(Package& package, const std::string& part, FilterRun& run)
 {
     DrawingHandler handler(run);
-    const auto in = package.openPart(part);
-    const FilterUtils::XMLStreamReader reader(getSpreadsheetWords(), makePartReadOptions());
-    judgeReading(reader.read(*in, handler), part, run.getReport());
+    readXmlStream(package, part, getSpreadsheetWords(), handler, run.getReport());
     return handler.getPictures();
 }
 

@@ -90,6 +90,8 @@ boost::optional<double> readDate(DigitsReader& reader, DateSystem system)
         const long serial = days - countDays(1904, 1, 1);
         return boost::make_optional(serial >= 0, static_cast<double>(serial));
     }
+    if (days == countDays(1899, 12, 30)) // day 0 of writers that count no 1900-02-29
+        return 0.0;
     const long sinceEve = days - countDays(1899, 12, 31);
     const long serial = days >= countDays(1900, 3, 1) ? sinceEve + 1 : sinceEve; // day 60 is 1900-02-29
     return boost::make_optional(serial >= 0, static_cast<double>(serial));

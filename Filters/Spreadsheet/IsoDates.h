@@ -11,7 +11,7 @@ namespace QV::Filters {
 /// The day number 0 of a workbook's dates.
 enum class DateSystem
 {
-    From1900, // day 1 is 1900-01-01, and 1900 counts as a leap year
+    From1900, // day 1 is 1900-01-01, and 1900 counts as a leap year; 1899-12-30 and -31 are both day 0
     From1904, // day 0 is 1904-01-01
 };
 

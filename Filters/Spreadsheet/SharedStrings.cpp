@@ -2,7 +2,6 @@
 
 #include <FilterUtils/FU_XMLStreamReader.h>
 #include <Filters/Package/FilterRun.h>
-#include <Filters/Package/Package.h>
 #include <Filters/Package/XmlParts.h>
 #include <Filters/Spreadsheet/SpreadsheetWords.h>
 #include <Filters/Spreadsheet/StringItems.h>
@@ -59,9 +58,7 @@ std::vector<DOM::SharedCellText> readSharedStrings(
     Package& package, const std::string& part, const Colors& colors, FilterRun& run)
 {
     SharedStringsHandler handler(colors, run);
-    const auto in = package.openPart(part);
-    const FilterUtils::XMLStreamReader reader(getSpreadsheetWords(), makePartReadOptions());
-    judgeReading(reader.read(*in, handler), part, run.getReport());
+    readXmlStream(package, part, getSpreadsheetWords(), handler, run.getReport());
     return handler.takeStrings();
 }
 

@@ -10,7 +10,6 @@
 #include <DOM/Public/Table.h>
 #include <FilterUtils/FU_XMLStreamReader.h>
 #include <Filters/Package/FilterRun.h>
-#include <Filters/Package/Package.h>
 #include <Filters/Package/XmlParts.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
 #include <Filters/Spreadsheet/LeftOut.h>
@@ -250,9 +249,7 @@ SheetReferences readSheet(Package& package, const std::string& part, const Workb
     const Colors& colors, DOM::Table& table, FilterRun& run)
 {
     SheetHandler handler(workbook, colors, table, run);
-    const auto in = package.openPart(part);
-    const FilterUtils::XMLStreamReader reader(getSpreadsheetWords(), makePartReadOptions());
-    judgeReading(reader.read(*in, handler), part, run.getReport());
+    readXmlStream(package, part, getSpreadsheetWords(), handler, run.getReport());
     return handler.finish();
 }
 

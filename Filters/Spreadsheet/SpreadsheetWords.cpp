@@ -3,26 +3,20 @@
 #include <limits>
 
 #include <Filters/Package/Namespaces.h>
+#include <Filters/Package/XmlParts.h>
 
 namespace QV::Filters {
 namespace {
-
-FilterUtils::XMLVocabulary::Namespace makeNamespace(const char* alias, Vocabulary vocabulary)
-{
-    return {
-        alias, {getNamespace(vocabulary, Dialect::Transitional), getNamespace(vocabulary, Dialect::Strict)}
-    };
-}
 
 FilterUtils::XMLVocabulary makeWords()
 {
     return FilterUtils::XMLVocabulary(
         {
-            makeNamespace("x", Vocabulary::Spreadsheet),
-            makeNamespace("a", Vocabulary::Drawing),
-            makeNamespace("xdr", Vocabulary::SpreadsheetDrawing),
-            makeNamespace("r", Vocabulary::Relationships),
-            {"mc", {getNamespace(Vocabulary::MarkupCompatibility, Dialect::Transitional)}},
+            makeXmlNamespace("x", Vocabulary::Spreadsheet),
+            makeXmlNamespace("a", Vocabulary::Drawing),
+            makeXmlNamespace("xdr", Vocabulary::SpreadsheetDrawing),
+            makeXmlNamespace("r", Vocabulary::Relationships),
+            makeXmlNamespace("mc", Vocabulary::MarkupCompatibility),
     },
         {
             {Words::Worksheet, "x:worksheet"},

@@ -184,7 +184,7 @@ def serial(text, date1904):
         if year:
             epoch = datetime.date(1904, 1, 1) if date1904 else datetime.date(1899, 12, 30)
             days = (datetime.date(int(year), int(month), int(day)) - epoch).days
-            if not date1904 and days < 61:
+            if not date1904 and 0 < days < 61:
                 days -= 1
     except ValueError:
         return None

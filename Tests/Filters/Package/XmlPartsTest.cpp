@@ -69,7 +69,7 @@ void PrintTo(const RefusedRow& row, std::ostream* out)
 }
 
 const char* const Doctype = "has a document type declaration, which packages may not have";
-const char* const Encoding = "is in an encoding other than UTF-8 and UTF-16";
+const char* const Encoding = "is in an encoding other than UTF-8, UTF-16 and ISO-8859-1";
 
 const RefusedRow RefusedRows[] = {
     {"Doctype",      "<!DOCTYPE a><a/>",                                                     Kind::Refused,       Doctype },
@@ -77,7 +77,7 @@ const RefusedRow RefusedRows[] = {
     {"Bomb",         "<!DOCTYPE a [<!ENTITY b \"b\"><!ENTITY c \"&b;&b;\">]><a>&c;</a>",     Kind::Refused,       Doctype },
     {"LocalFile",    "<!DOCTYPE a [<!ENTITY b SYSTEM \"file:///etc/hostname\">]><a>&b;</a>", Kind::Refused,
      Doctype                                                                                                              },
-    {"Latin1",       "<?xml version='1.0' encoding='ISO-8859-1'?><a/>",                      Kind::Refused,       Encoding},
+    {"Latin9",       "<?xml version='1.0' encoding='ISO-8859-15'?><a/>",                      Kind::Refused,       Encoding},
     {"Windows",      "<?xml version='1.0' encoding='windows-1252'?><a/>",                    Kind::Refused,       Encoding},
     {"Depth",        nest(1001),                                                             Kind::LimitExceeded,
      "breaks a limit of XML in line 1: elements are nested deeper than 1000 levels (1001; the limit is "
@@ -120,6 +120,8 @@ void PrintTo(const ReadRow& row, std::ostream* out)
 const ReadRow ReadRows[] = {
     {"Utf8",        "<a/>",                                                   nullptr},
     {"Utf8Mark",    "\xEF\xBB\xBF<?xml version='1.0' encoding='utf-8'?><a/>", nullptr},
+    {"Latin1",      "<?xml version='1.0' encoding='ISO-8859-1'?><a/>",        nullptr},
+    {"Ascii",       "<?xml version='1.0' encoding='US-ASCII'?><a/>",          nullptr},
     {"Utf16",       makeUtf16("<?xml version='1.0' encoding='UTF-16'?><a/>"), nullptr},
     {"UsAscii",     "<?xml version='1.0'?>\n<a/>\n",                          nullptr},
     {"Depth",       nest(1000),                                               nullptr},
