@@ -14,6 +14,7 @@ import shlex
 import subprocess
 import sys
 
+EXCEPTIONS = pathlib.Path(__file__).with_name("iwyu-exceptions.tsv")
 DROPPED_FLAGS = {"-Werror", "-c"}
 
 
@@ -67,6 +68,19 @@ def complaints(shown, path, output):
                 yield f"{shown}:{number[1] if number else 1}: {include[1]}: {remedy}"
 
 
+def without_exceptions(lines):
+    """What is left once the accepted findings are taken away, and the accepted ones that did not come up."""
+    rows = [row.split("\t") for row in EXCEPTIONS.read_text(encoding="utf-8").splitlines() if not row.startswith("#")]
+    accepted = {(file, include) for file, include, _ in rows}
+    found = {}
+    for line in lines:
+        file, _, include, _ = (part.strip() for part in line.split(":", 3))
+        found[line] = (file, include)
+    yield from (line for line, key in found.items() if key not in accepted)
+    yield from (f".ci/{EXCEPTIONS.name}:1: {file} {include}: not needed any more: remove the entry"
+                for file, include in sorted(accepted - set(found.values())))
+
+
 def main(arguments):
     sources = arguments[0] == "--sources"
     build, mapping = arguments[-2:]
@@ -75,6 +89,8 @@ def main(arguments):
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
         found = pool.map(lambda item: check(*item, os.path.abspath(mapping)), sorted(work.items()))
         lines = [line for file in found for line in file]
+    if not sources:
+        lines = list(without_exceptions(lines))
     print("\n".join(lines), end="\n" if lines else "")
     return 1 if lines and not sources else 0
 

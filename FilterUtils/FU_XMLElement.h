@@ -12,6 +12,7 @@
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
 #include <xercesc/sax/HandlerBase.hpp>
+#include <xercesc/util/XercesDefs.hpp>
 
 #include <FilterUtils/FU_Export.h>
 #include <FilterUtils/FU_XMLReadOptions.h>

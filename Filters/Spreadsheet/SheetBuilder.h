@@ -4,11 +4,12 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include <boost/optional.hpp>
 
+#include <DOM/Public/Cell.h>
+#include <DOM/Public/CellRow.h>
 #include <DOM/Public/CellText.h>
 #include <DOM/Public/Table.h>
 #include <DOM/Public/TableBuilder.h>

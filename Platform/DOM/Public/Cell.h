@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <vector>
+#include <utility>
 
 #include <boost/optional.hpp>
 

@@ -8,6 +8,7 @@
 #include <DOM/Public/Block.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/Run.h>
+#include <DOM/Public/RunStyle.h>
 #include <Utils/Public/ReadonlyVector.h>
 
 namespace QV::DOM {

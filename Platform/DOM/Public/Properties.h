@@ -14,10 +14,9 @@
 
 #include <cstddef>
 #include <tuple>
-#include <utility>
+#include <type_traits>
 
 #include <boost/functional/hash.hpp>
-#include <boost/optional.hpp>
 
 namespace QV::DOM {
 

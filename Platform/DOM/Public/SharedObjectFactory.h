@@ -1,10 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <unordered_set>
 
-#include <boost/functional/hash.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 
 #include <DOM/Public/CellStyle.h>

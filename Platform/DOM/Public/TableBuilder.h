@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cstddef>
-
 #include <DOM/Public/Cell.h>
+#include <DOM/Public/CellRow.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/Table.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <map>
+#include <utility>
 
 #include <DOM/Public/Cell.h>
 #include <DOM/Public/CellRow.h>

@@ -34,7 +34,6 @@
 /// Or a class derived from Visitor, where one object travels through many nodes. A kind that is forgotten
 /// does not compile in any of them.
 
-#include <memory>
 #include <type_traits>
 #include <utility>
 
