@@ -10,7 +10,8 @@
 
 namespace QV::Filters {
 
-/// Inflates a part block by block as it is read.
+/// Inflates a part block by block as it is read. Seeks to any place: within the last block at no cost,
+/// elsewhere by inflating up to there, so that a picture's first bytes can be looked at before it is copied.
 class PartBuffer : public std::streambuf
 {
 public:
@@ -22,11 +23,18 @@ public:
 
 protected:
     int_type underflow() override;
+    pos_type seekoff(
+        off_type offset, std::ios_base::seekdir direction, std::ios_base::openmode which) override;
+    pos_type seekpos(pos_type position, std::ios_base::openmode which) override;
 
 private:
+    off_type getPosition() const { return _blockEnd - (egptr() - gptr()); }
+    void reopen();
+
     const std::shared_ptr<Archive> _archive;
     Archive::Reading _reading;
     std::vector<char> _block;
+    off_type _blockEnd = 0; // of what was inflated so far
 };
 
 /// The stream that Package::openPart describes.

@@ -114,6 +114,34 @@ TEST(Package, ReadsSeveralPartsAtOnce)
     EXPECT_EQ(texts[2], first);
 }
 
+TEST(Package, StreamsSeekToAnyPlace)
+{
+    const std::string noise = makeNoise(300000);
+    Package package = Package::openBytes(makeZip({
+        {"a", noise, false}
+    }));
+    const auto part = package.openPart("a");
+    EXPECT_EQ(part->tellg(), std::streampos(0));
+    std::string bytes(10, 0);
+    for (const long place : {0L, 5L, 65535L, 65536L, 65530L, 200000L, 100L, 299990L, 0L}) {
+        ASSERT_TRUE(part->seekg(place)) << place;
+        ASSERT_EQ(part->tellg(), std::streampos(place));
+        ASSERT_TRUE(part->read(&bytes[0], 10)) << place;
+        EXPECT_EQ(bytes, noise.substr(static_cast<std::size_t>(place), 10)) << place;
+    }
+    EXPECT_TRUE(part->seekg(300000));
+    EXPECT_EQ(part->get(), std::istream::traits_type::eof());
+    part->clear();
+    EXPECT_FALSE(part->seekg(300001));
+    part->clear();
+    EXPECT_FALSE(part->seekg(0, std::ios::end)) << "the size is not known before the end";
+    part->clear();
+    EXPECT_FALSE(part->seekg(-1));
+    part->clear();
+    EXPECT_TRUE(part->seekg(3));
+    EXPECT_EQ(part->get(), static_cast<unsigned char>(noise[3]));
+}
+
 TEST(Package, StreamsOutliveIt)
 {
     std::unique_ptr<std::istream> stream;

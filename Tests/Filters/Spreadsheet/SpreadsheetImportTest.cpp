@@ -339,9 +339,9 @@ TEST_F(ImportedPictures, AreStoredOnceUnderTheirRealType)
                    "</xdr:oneCellAnchor><xdr:twoCellAnchor><xdr:grpSp>" + makePicture("r:embed='p1'") +
                    "<xdr:grpSp>" + makePicture("r:embed='p2'") +
                    "</xdr:grpSp></xdr:grpSp></xdr:twoCellAnchor>",
-        makeImage("p1", "media/a.jpeg") + makeImage("p2", "/xl/media/b.bin"));
+        makeImage("p1", "media/a.jpeg") + makeImage("p2", "/xl/media/b.qqq"));
     builder.items.push_back({"xl/media/a.jpeg", Png});
-    builder.items.push_back({"xl/media/b.bin", "nothing that is known"});
+    builder.items.push_back({"xl/media/b.qqq", "nothing that is known"});
     const Tests::TemporaryFolder folder;
     ImportOptions options;
     options.mediaFolder = folder.getPath("media");
