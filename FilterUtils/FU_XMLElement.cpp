@@ -1,8 +1,11 @@
 #include <FilterUtils/FU_XMLElement.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
+#include <boost/container/small_vector.hpp>
 #include <xercesc/dom/DOMAttr.hpp>
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
@@ -29,44 +32,63 @@ std::string toUtf8(const XMLCh* text)
     return result;
 }
 
+bool equals(const XMLCh* text, const char16_t* other)
+{
+    if (!text)
+        return *other == 0;
+    for (; *text == *other; ++text, ++other)
+        if (*text == 0)
+            return true;
+    return false;
+}
+
 // A name as callers write it, ready to be compared with names of the document.
 class QualifiedName
 {
 public:
     explicit QualifiedName(const std::string& name)
+        : _units(name.size() + 2, u'\0')
+        , _local(_units.data())
     {
-        if (name.find('\0') != std::string::npos)
+        // Text of a document has no zeros, so what follows one in a name cannot be compared.
+        const char16_t* const end = name.find('\0') == std::string::npos ? writeUtf16(_local, name) : nullptr;
+        if (!end)
             return;
-        auto whole = convertUtf8ToUtf16(name);
-        if (!whole)
-            return;
-        const auto colon = whole->rfind(u':');
         _isPossible = true;
-        _hasNamespace = colon != std::u16string::npos;
-        _local = _hasNamespace ? whole->substr(colon + 1) : std::move(*whole);
-        if (_hasNamespace)
-            _namespace = whole->substr(0, colon);
+        const auto colon = std::find(std::make_reverse_iterator(end),
+            std::make_reverse_iterator(const_cast<const char16_t*>(_local)), u':');
+        _hasNamespace = colon.base() != _local;
+        if (!_hasNamespace)
+            return;
+        _local += colon.base() - _local;
+        _local[-1] = 0;
     }
+
+    QualifiedName(const QualifiedName&) = delete;
+    QualifiedName& operator=(const QualifiedName&) = delete;
 
     bool matches(const xercesc::DOMElement& element) const
     {
-        return _isPossible && view(element.getLocalName()) == _local &&
-               view(element.getNamespaceURI()) == _namespace;
+        return _isPossible && equals(element.getLocalName(), _local) &&
+               equals(element.getNamespaceURI(), getNamespace());
     }
 
     const xercesc::DOMAttr* findAttribute(const xercesc::DOMElement& element) const
     {
         if (!_isPossible)
             return nullptr;
-        return _hasNamespace ? element.getAttributeNodeNS(_namespace.c_str(), _local.c_str())
-                             : element.getAttributeNode(_local.c_str());
+        return _hasNamespace ? element.getAttributeNodeNS(getNamespace(), _local)
+                             : element.getAttributeNode(_local);
     }
 
 private:
+    const char16_t* getNamespace() const { return _hasNamespace ? _units.data() : u""; }
+
     bool _isPossible = false; // as a name in a document
     bool _hasNamespace = false;
-    std::u16string _namespace; // empty: none
-    std::u16string _local;
+    boost::container::small_vector<char16_t, 128>
+        _units;       // namespace, zero, local name, zero; or without the first two
+    char16_t* _local; // in _units
 };
 
 bool hasText(DOMNode::NodeType type)

@@ -117,11 +117,15 @@ boost::optional<std::u16string_view> XMLStreamParser::findNamespace(std::u16stri
 
 boost::optional<std::u16string_view> XMLStreamParser::findAttribute(int id) const
 {
+    const unsigned int noNamespace = getScanner()->getEmptyNamespaceId();
     for (const XMLVocabulary::Spelling& spelling : _vocabulary.getSpellings(id))
         for (std::size_t i = 0; i < _attributeCount; ++i) {
             const xercesc::XMLAttr& attribute = *_attributes->elementAt(i);
-            if (equals(attribute.getName(), spelling.localName) &&
-                view(getScanner()->getURIText(attribute.getURIId())) == spelling.uri)
+            if (!equals(attribute.getName(), spelling.localName))
+                continue;
+            const unsigned int uriId = attribute.getURIId();
+            if (uriId == noNamespace ? spelling.uri.empty()
+                                     : view(getScanner()->getURIText(uriId)) == spelling.uri)
                 return view(attribute.getValue());
         }
     return boost::none;

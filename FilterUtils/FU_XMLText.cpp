@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
 
 namespace QV::FilterUtils {
 namespace {
@@ -63,7 +66,7 @@ char32_t takeCodePoint(std::u16string_view& text)
     return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
 }
 
-// By first byte: how many bytes follow, the bits of the first that count, the least character of that length.
+// By first byte: which of its bits say so, how many bytes follow, the least character that needs them.
 struct Utf8Form
 {
     unsigned char mask;
@@ -73,13 +76,12 @@ struct Utf8Form
 };
 
 constexpr Utf8Form Utf8Forms[] = {
-    {0x80, 0x00, 0, 0x0    },
     {0xE0, 0xC0, 1, 0x80   },
     {0xF0, 0xE0, 2, 0x800  },
     {0xF8, 0xF0, 3, 0x10000},
 };
 
-// Takes one character off the front of the text, which is not empty; or returns NoCodePoint.
+// Takes one character that is not ASCII off the front of the text; or returns NoCodePoint.
 char32_t takeCodePoint(boost::string_ref& text)
 {
     const auto first = static_cast<unsigned char>(text.front());
@@ -101,6 +103,26 @@ char32_t takeCodePoint(boost::string_ref& text)
     return character;
 }
 
+// Moves the ASCII at the front of the text to the result, eight at a time as long as there are so many.
+char16_t* takeAscii(char16_t* result, boost::string_ref& text)
+{
+    constexpr std::uint64_t NotAscii = 0x8080808080808080;
+    const char* begin = text.data();
+    const char* const end = begin + text.size();
+    std::uint64_t block = 0;
+    for (; end - begin >= 8; begin += 8, result += 8) {
+        std::memcpy(&block, begin, 8);
+        if (block & NotAscii)
+            break;
+        for (int i = 0; i < 8; ++i)
+            result[i] = static_cast<unsigned char>(begin[i]);
+    }
+    for (; begin != end && static_cast<unsigned char>(*begin) < 0x80; ++begin)
+        *result++ = static_cast<unsigned char>(*begin);
+    text = boost::string_ref(begin, static_cast<std::size_t>(end - begin));
+    return result;
+}
+
 } // namespace
 
 void appendUtf8(std::string& result, std::u16string_view text)
@@ -115,21 +137,32 @@ void appendUtf8(std::string& result, std::u16string_view text)
     }
 }
 
-boost::optional<std::u16string> convertUtf8ToUtf16(boost::string_ref text)
+char16_t* writeUtf16(char16_t* result, boost::string_ref text)
 {
-    std::u16string result;
-    result.reserve(text.size());
     while (!text.empty()) {
+        result = takeAscii(result, text);
+        if (text.empty())
+            break;
         const char32_t character = takeCodePoint(text);
         if (character == NoCodePoint)
-            return boost::none;
+            return nullptr;
         if (character < 0x10000) {
-            result += static_cast<char16_t>(character);
+            *result++ = static_cast<char16_t>(character);
         } else {
-            result += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
-            result += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
+            *result++ = static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
+            *result++ = static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
         }
     }
+    return result;
+}
+
+boost::optional<std::u16string> convertUtf8ToUtf16(boost::string_ref text)
+{
+    std::u16string result(text.size(), u'\0');
+    const char16_t* const end = writeUtf16(result.data(), text);
+    if (!end)
+        return boost::none;
+    result.resize(static_cast<std::size_t>(end - result.data()));
     return result;
 }
 

@@ -18,7 +18,11 @@ static_assert(std::is_same_v<XMLCh, char16_t>, "the parser's text is looked at t
 /// Appends @p text as UTF-8; an unpaired surrogate becomes U+FFFD.
 void appendUtf8(std::string& result, std::u16string_view text);
 
-/// The text as UTF-16; or nothing, where it is not UTF-8 (surrogates and overlong forms are not).
+/// Writes the text as UTF-16, at most one unit for each byte, and returns the end of what was written; or
+/// null, where it is not UTF-8 (surrogates and overlong forms are not).
+char16_t* writeUtf16(char16_t* result, boost::string_ref text);
+
+/// The text as UTF-16; or nothing, where it is not UTF-8.
 boost::optional<std::u16string> convertUtf8ToUtf16(boost::string_ref text);
 
 } // namespace QV::FilterUtils

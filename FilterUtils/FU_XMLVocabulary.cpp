@@ -66,12 +66,4 @@ int XMLVocabulary::findId(std::u16string_view uri, std::u16string_view localName
     return found == _ids.end() ? Unknown : found->second;
 }
 
-const std::vector<XMLVocabulary::Spelling>& XMLVocabulary::getSpellings(int id) const
-{
-    static const std::vector<Spelling> none;
-    return id >= 0 && static_cast<std::size_t>(id) < _spellings.size()
-               ? _spellings[static_cast<std::size_t>(id)]
-               : none;
-}
-
 } // namespace QV::FilterUtils

@@ -60,7 +60,11 @@ public:
     };
 
     /// All names with that number, in the order given; none for an unused number.
-    const std::vector<Spelling>& getSpellings(int id) const;
+    const std::vector<Spelling>& getSpellings(int id) const
+    {
+        const auto index = static_cast<std::size_t>(id); // a negative one is beyond the end
+        return index < _spellings.size() ? _spellings[index] : _noSpellings;
+    }
 
 private:
     void addWord(const Word& word, const std::vector<Namespace>& namespaces);
@@ -68,6 +72,7 @@ private:
 
     std::map<std::pair<std::u16string, std::u16string>, int> _ids; // by URI and local name
     std::vector<std::vector<Spelling>> _spellings;                 // by number; the same names as in _ids
+    std::vector<Spelling> _noSpellings;
 };
 
 } // namespace QV::FilterUtils
