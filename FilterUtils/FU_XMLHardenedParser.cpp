@@ -8,6 +8,7 @@
 #include <xercesc/framework/XMLAttr.hpp>
 #include <xercesc/framework/XMLErrorCodes.hpp>
 #include <xercesc/internal/ReaderMgr.hpp>
+#include <xercesc/internal/XMLReader.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/sax/InputSource.hpp>
 #include <xercesc/sax/Locator.hpp>
@@ -313,6 +314,22 @@ void XMLHardenedParser::spendEntityCharacters(std::size_t count)
             fmt::format("entities and default attributes amount to more than {} characters",
                 _options.entityCharacters),
             _options.entityCharacters, _entityCharacters);
+}
+
+void XMLHardenedParser::checkEnd() const
+{
+    // The scanner takes a zero after the root for the end of the document.
+    xercesc::XMLReader* const reader =
+        const_cast<xercesc::ReaderMgr*>(getScanner()->getReaderMgr())->getCurrentReader();
+    XMLCh next = 0;
+    if (reader && reader->peekNextChar(next))
+        breach(XMLOutcome::Malformed, "a zero character follows the root");
+}
+
+void XMLHardenedParser::endDocument()
+{
+    checkEnd();
+    XercesDOMParser::endDocument();
 }
 
 void XMLHardenedParser::startElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId,

@@ -43,6 +43,7 @@ public:
         bool isRoot) override;
     void endElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId, bool isRoot,
         const XMLCh* prefix) override;
+    void endDocument() override;
     void docCharacters(const XMLCh* text, XMLSize_t length, bool isCDATA) override;
     void docComment(const XMLCh* text) override;
     void docPI(const XMLCh* target, const XMLCh* data) override;
@@ -72,6 +73,9 @@ protected:
     // Keeps the bounds at the start of an element, which is inside the element from here on.
     void enterElement(const Attributes& attributes, std::size_t attributeCount);
     void leaveElement();
+
+    // Keeps the document from ending before the stream does.
+    void checkEnd() const;
 
     // Tells that the markup before has ended.
     void noteProgress() { ++_progress; }

@@ -70,7 +70,7 @@ public:
     XMLStreamStart::Attribute getAttribute(std::size_t index) const;
 
     void startDocument() override {}
-    void endDocument() override {}
+    void endDocument() override { checkEnd(); }
     void XMLDecl(const XMLCh* /*version*/, const XMLCh* /*encoding*/, const XMLCh* /*standalone*/,
         const XMLCh* /*actualEncoding*/) override
     {
