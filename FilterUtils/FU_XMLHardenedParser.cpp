@@ -332,6 +332,15 @@ void XMLHardenedParser::endDocument()
     XercesDOMParser::endDocument();
 }
 
+void XMLHardenedParser::XMLDecl(
+    const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone, const XMLCh* actualEncoding)
+{
+    // A version 1.x is read as 1.0 (XML 1.0, 2.8); the scanner does so, but a DOM throws over the number.
+    const bool isVersion11 = xercesc::XMLString::equals(version, xercesc::XMLUni::fgVersion1_1);
+    XercesDOMParser::XMLDecl(
+        isVersion11 ? version : xercesc::XMLUni::fgVersion1_0, encoding, standalone, actualEncoding);
+}
+
 void XMLHardenedParser::startElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId,
     const XMLCh* prefix, const Attributes& attributes, XMLSize_t attributeCount, bool isEmpty, bool isRoot)
 {

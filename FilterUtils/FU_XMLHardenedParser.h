@@ -38,6 +38,8 @@ public:
     /// parser is done with what came before it.
     XMLReadResult read(std::istream& stream);
 
+    void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone,
+        const XMLCh* actualEncoding) override;
     void startElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId, const XMLCh* prefix,
         const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount, bool isEmpty,
         bool isRoot) override;

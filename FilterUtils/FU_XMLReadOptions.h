@@ -22,7 +22,8 @@ enum class XMLEncodings
 {
     Any,
     Utf8AndUtf16,
-    Utf8Utf16AndLatin1 // ISO-8859-1 and its part US-ASCII, which some writers of packages use against the rule
+    Utf8Utf16AndLatin1 // ISO-8859-1 and its part US-ASCII, which some writers of packages use against the
+                       // rule
 };
 
 /// The bounds of one reading. The defaults are far beyond what office documents hold, and keep the time and

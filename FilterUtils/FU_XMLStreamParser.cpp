@@ -72,7 +72,8 @@ XMLStreamParser::XMLStreamParser(const XMLReadOptions& options, const XMLVocabul
     // Names of elements and well-formedness are all that matters here; this scanner checks both, and is the
     // fastest.
     useScanner(xercesc::XMLUni::fgWFXMLScanner);
-    // Without a document type only the five predefined entities are left, and this scanner would count them too.
+    // Without a document type only the five predefined entities are left, and this scanner would count them
+    // too.
     setSecurityManager(nullptr);
     setErrorHandler(_treeHandler.get());
 }

@@ -118,6 +118,43 @@ TEST_P(MalformedXML, IsToldByBothReaders)
 INSTANTIATE_TEST_SUITE_P(Rows, MalformedXML, testing::ValuesIn(MalformedRows),
     [](const auto& row) { return std::string(row.param.name); });
 
+struct VersionRow
+{
+    const char* name;
+    const char* version;
+    XMLOutcome outcome;
+};
+
+void PrintTo(const VersionRow& row, std::ostream* out)
+{
+    *out << row.version;
+}
+
+const VersionRow VersionRows[] = {
+    {"First",         "1.0",   XMLOutcome::WellFormed},
+    {"Second",        "1.1",   XMLOutcome::WellFormed},
+    {"LaterFirst",    "1.5",   XMLOutcome::WellFormed},
+    {"MuchLater",     "1.234", XMLOutcome::WellFormed},
+    {"OtherNumber",   "2.0",   XMLOutcome::Malformed },
+    {"NoMinorNumber", "1.",    XMLOutcome::Malformed },
+    {"NoNumber",      "x",     XMLOutcome::Malformed },
+    {"EmptyNumber",   "",      XMLOutcome::Malformed },
+};
+
+class XMLVersion : public testing::TestWithParam<VersionRow>
+{
+};
+
+TEST_P(XMLVersion, IsReadOrMalformed)
+{
+    const std::string xml = std::string("<?xml version='") + GetParam().version + "'?><a/>";
+    EXPECT_EQ(readAsTree(xml).outcome, GetParam().outcome);
+    EXPECT_EQ(readAsStream(xml).outcome, GetParam().outcome);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, XMLVersion, testing::ValuesIn(VersionRows),
+    [](const auto& row) { return std::string(row.param.name); });
+
 TEST(XMLReaders, TellWhereXmlIsMalformed)
 {
     const std::string xml = "<a>\n <b/>\n <b></c>\n</a>";
@@ -245,6 +282,19 @@ TEST_P(XMLEncoding, IsRefusedWhereOnlyUnicodeIsAccepted)
     XMLReadOptions options;
     options.encodings = XMLEncodings::Utf8AndUtf16;
     const XMLOutcome readable = row.isUnicode ? XMLOutcome::WellFormed : XMLOutcome::EncodingRefused;
+    const XMLOutcome expected = row.text ? readable : XMLOutcome::Malformed;
+    EXPECT_EQ(readAsTree(write(row), options).outcome, expected);
+    EXPECT_EQ(readAsStream(write(row), options).outcome, expected);
+}
+
+TEST_P(XMLEncoding, IsReadInLatin1WhereThatIsAccepted)
+{
+    const EncodingRow& row = GetParam();
+    XMLReadOptions options;
+    options.encodings = XMLEncodings::Utf8Utf16AndLatin1;
+    const bool isAccepted =
+        row.isUnicode || row.name == std::string("Latin1") || row.name == std::string("Ascii");
+    const XMLOutcome readable = isAccepted ? XMLOutcome::WellFormed : XMLOutcome::EncodingRefused;
     const XMLOutcome expected = row.text ? readable : XMLOutcome::Malformed;
     EXPECT_EQ(readAsTree(write(row), options).outcome, expected);
     EXPECT_EQ(readAsStream(write(row), options).outcome, expected);
