@@ -18,7 +18,7 @@ from sheet_reader import Unreadable, WorkbookReader, reference
 
 def cell_model(at, cell):
     model = {"ref": reference(at)}
-    if cell.kind not in ("", "bad"):
+    if cell.kind:
         model.update(type=cell.kind, value=cell.value)
     if cell.has_formula:
         model["formula"] = cell.formula
@@ -179,7 +179,7 @@ def main():
     media, lost = {}, 0
     tables = [sheet_model(number, sheet, media) for number, sheet in enumerate(sheets, 1)]
     model = {"format": "xlsx", "tables": tables, "links": [], "media": []}
-    lost = sum(cell.kind == "bad" for sheet in sheets for cell in sheet.cells.values())
+    lost = sum(cell.is_bad for sheet in sheets for cell in sheet.cells.values())
     damage = os.environ.get("QV_FAKE_DAMAGE")
     if damage:
         DAMAGES[damage](model, media)

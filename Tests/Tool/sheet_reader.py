@@ -26,11 +26,12 @@ class Unreadable(Exception):
 
 @dataclass
 class Cell:
-    kind: str = ""  # number, text, boolean, error; "" without a value; "bad" for a value nobody can read
+    kind: str = ""  # number, text, boolean, error; "" without a value
     value: object = None
     raw: str = ""  # the text of a number as it is written
     formula: str = ""  # as it is written; "" for the follower of a shared formula
     has_formula: bool = False
+    is_bad: bool = False  # the value is not what its type says; what can be kept of it is kept as text
 
 
 @dataclass
@@ -252,19 +253,18 @@ class _SheetReader:
 
     def _read_events(self, relations):
         """Walks the part once and forgets each row after reading it, since sheets can be large."""
-        in_row, stack = False, []
+        stack = []
         with self._package.open(self._part) as stream:
             for event, node in ElementTree.iterparse(stream, ("start", "end")):
                 name = local(node)
                 if event == "start":
                     stack.append(node)
                     if name == "row" and len(stack) == 3 and local(stack[1]) == "sheetData":
-                        in_row = self._start_row(node)
+                        self._start_row(node)
                     continue
                 stack.pop()
                 if name == "c" and len(stack) == 3 and local(stack[2]) == "row":
-                    if in_row:
-                        self._read_cell(node)
+                    self._read_cell(node)
                     stack[-1].remove(node)
                 elif name == "row" and len(stack) == 2:
                     stack[-1].remove(node)
@@ -283,27 +283,31 @@ class _SheetReader:
         first, last, width = node.get("min", ""), node.get("max", ""), node.get("width")
         if re.fullmatch("[0-9]{1,5}", first) and re.fullmatch("[0-9]{1,5}", last):
             last = min(int(last), MAX_COLUMNS)
-            self._sheet.name_place(0, last)
-            self._sheet.columns.append((int(first), last, positive(width), node.get("hidden") in ("1", "true")))
+            if 1 <= int(first) <= last:
+                self._sheet.name_place(0, last)
+                self._sheet.columns.append((int(first), last, positive(width), node.get("hidden") in ("1", "true")))
 
     def _start_row(self, node):
         text = node.get("r")
-        number = self._row + 1 if text is None else int(text) if re.fullmatch("[0-9]{1,9}", text) else 0
-        if not 1 <= number <= MAX_ROWS:
-            self._sheet.bad_places += 1
-            return False
+        number = int(text) if re.fullmatch("[0-9]{1,18}", text or "") else 0
+        if number == 0:  # a row without a number, or with a bad one, follows the one before
+            self._sheet.bad_places += text is not None
+            number = self._row + 1
         self._row, self._column = number, 0
-        self._sheet.name_place(number, 0)
-        self._sheet.rows[number] = (positive(node.get("ht")), node.get("hidden") in ("1", "true"))
-        return True
+        if number <= MAX_ROWS:
+            self._sheet.name_place(number, 0)
+            self._sheet.rows[number] = (positive(node.get("ht")), node.get("hidden") in ("1", "true"))
 
     def _read_cell(self, node):
         where = node.get("r")
         at = (self._row, self._column + 1) if where is None else place(where)
-        if at is None or at[0] > MAX_ROWS or at[1] > MAX_COLUMNS:
+        if at is None:  # a cell with a bad reference follows the one before
+            self._sheet.bad_places += 1
+            at = (self._row, self._column + 1)
+        self._column = at[1]
+        if at[0] > MAX_ROWS or at[1] > MAX_COLUMNS:
             self._sheet.bad_places += 1
             return
-        self._row, self._column = at
         cell, text = Cell(), None
         for child in node:
             name = local(child)
@@ -327,8 +331,8 @@ class _SheetReader:
             cell.kind, cell.value = "error", cell.raw
         elif kind == "inlineStr" or not cell.raw:
             return
-        elif kind == "n":
-            cell.kind, cell.value = self._number(cell.raw)
+        elif kind == "n" and self._number(cell.raw) is not None:
+            cell.kind, cell.value = "number", self._number(cell.raw)
         elif kind == "s" and re.fullmatch("[0-9]{1,9}", cell.raw) and int(cell.raw) < len(self._strings):
             cell.kind, cell.value = "text", self._strings[int(cell.raw)]
         elif kind == "b" and cell.raw in ("0", "1", "true", "false"):
@@ -336,14 +340,16 @@ class _SheetReader:
         elif kind == "d" and serial(cell.raw, self._date1904) is not None:
             cell.kind, cell.value = "number", serial(cell.raw, self._date1904)
         else:
-            cell.kind, cell.value = "bad", None
+            cell.is_bad = True
+            if kind != "s":
+                cell.kind, cell.value = "text", decode(cell.raw)
 
     @staticmethod
     def _number(text):
         if not re.fullmatch(r"[-+]?(\d+\.?\d*|\.\d+)([eE][-+]?\d+)?", text, re.ASCII):
-            return "bad", None
+            return None
         value = float(text)
-        return ("number", value) if abs(value) != float("inf") else ("bad", None)
+        return value if abs(value) != float("inf") else None
 
     def _read_merges(self, node):
         """The first rectangle to claim a cell keeps it; what reaches beyond the grid is clipped."""
