@@ -63,7 +63,12 @@ int run(int count, char** texts)
     } catch (const CLI::ParseError& error) {
         return app.exit(error, std::cout, std::cerr) == 0 ? Done : WrongUsage;
     }
-    QV::Tool::runImport(arguments);
+    try {
+        QV::Tool::runImport(arguments);
+    } catch (const QV::Filters::PackageError& error) {
+        const std::string file = arguments.file == "-" ? "standard input" : arguments.file;
+        return fail(QV::Filters::makePrintable(file) + ": " + error.what(), UnreadableInput);
+    }
     return Done;
 }
 
@@ -80,8 +85,6 @@ int main(int count, char** texts)
         });
     try {
         return run(count, texts);
-    } catch (const QV::Filters::PackageError& error) {
-        return fail(error.what(), UnreadableInput);
     } catch (const QV::Tool::OutputError& error) {
         return fail(error.what(), UnwritableOutput);
     } catch (const std::bad_alloc&) {

@@ -116,6 +116,9 @@ public:
         return XMLFlow::Continue;
     }
 
+    /// Whether the part said that it is a worksheet, which nothing else is read of.
+    bool isWorksheet() const { return _isWorksheet; }
+
     SheetReferences finish()
     {
         _builder.finish();
@@ -127,6 +130,8 @@ private:
     {
         switch (element.getId()) {
         case Words::Worksheet:
+            _isWorksheet = true;
+            return XMLStep::Enter;
         case Words::SheetData:
         case Words::Columns:
         case Words::MergeCells:
@@ -241,6 +246,7 @@ private:
     StringItems _strings;
     SheetReferences _references;
     std::string _value;
+    bool _isWorksheet = false;
 };
 
 } // namespace
@@ -249,7 +255,9 @@ SheetReferences readSheet(Package& package, const std::string& part, const Workb
     const Colors& colors, DOM::Table& table, FilterRun& run)
 {
     SheetHandler handler(workbook, colors, table, run);
-    readXmlStream(package, part, getSpreadsheetWords(), handler, run.getReport());
+    const bool isWellFormed = readXmlStream(package, part, getSpreadsheetWords(), handler, run.getReport());
+    if (isWellFormed && !handler.isWorksheet())
+        run.getReport().emplace_back("Part {} is no worksheet", part);
     return handler.finish();
 }
 

@@ -22,8 +22,8 @@ struct SheetReferences
 };
 
 /// Reads a worksheet part into a table, as a stream: a sheet of any size costs only what its table does.
-/// A part that is broken is reported, and leaves what came before the damage. Throws PackageError for a
-/// refused part.
+/// A part that is broken is reported, and leaves what came before the damage; one that is no worksheet leaves
+/// nothing but the message "Part {} is no worksheet". Throws PackageError for a refused part.
 FILTERS_API SheetReferences readSheet(Package& package, const std::string& part,
     const WorkbookContext& workbook, const Colors& colors, DOM::Table& table, FilterRun& run);
 

@@ -213,7 +213,8 @@ class Model(Case):
                 self.assert_keys("cell", cell)
             for frame in table["frames"]:
                 self.assert_keys("frame", frame)
-                self.assert_keys("anchor", frame["anchor"])
+                if "anchor" in frame:
+                    self.assert_keys("anchor", frame["anchor"])
         for entry in model["media"]:
             self.assert_keys("media", entry)
 

@@ -11,7 +11,7 @@ import re
 from collections import namedtuple
 
 from compare_dimensions import compare_dimensions
-from sheet_reader import column_letters, decode, place, reference
+from sheet_reader import MAX_COLUMNS, MAX_ROWS, column_letters, decode, place, reference
 
 Difference = namedtuple("Difference", "sheet category detail")
 MESSAGES = 1000  # so many of one kind are due at most
@@ -58,13 +58,24 @@ def _compare_table(table, folder, sheet, left_out):
     yield from _compare_cells(table["cells"], sheet.cells)
     if not any(kind.startswith("formulas") for kind in left_out):
         yield from _compare_formulas(table["cells"], sheet.cells)
-    merges = [f"{reference(first)}:{reference(last)}" for first, last in sheet.merges]
+    merges = list(_merges_within(table, sheet.merges))
     if table["merges"] != merges:
         yield "merges", f"expected {merges[:20]}, got {table['merges'][:20]}"
     expected = [hashlib.sha256(picture.content).hexdigest() for picture in sheet.pictures]
     got = [_digest(pathlib.Path(folder) / name) for name in _pictures(table["frames"])]
     if expected != got:
         yield "pictures", f"expected {len(expected)}: {expected[:4]}, got {len(got)}: {got[:4]}"
+
+
+def _merges_within(table, merges):
+    """The rectangles as text. One over whole columns or rows ends with the table, which it does not make larger."""
+    for first, last in merges:
+        if first[0] == 1 and last[0] == MAX_ROWS:
+            last = (table["rows"], last[1])
+        if first[1] == 1 and last[1] == MAX_COLUMNS:
+            last = (last[0], table["columns"])
+        if first != last:
+            yield f"{reference(first)}:{reference(last)}"
 
 
 def _pictures(frames):

@@ -27,6 +27,8 @@ class Case:
     statuses: set
     says: str = ""  # a regular expression; the line on stderr, or one message of the report, must match
     compare: bool = False  # whether the slow reader must find the same in it
+    like: Callable[[], bytes] = None  # a sound package in which the slow reader finds the same, where it refuses this
+    is_long: bool = False  # only for builds that are optimised
 
 
 def packed(parts, store=()):
@@ -47,6 +49,10 @@ def plain(body=""):
     """The parts of a workbook with one sheet, whose only cell holds 1."""
     return workbook([("Sheet1", "visible", f'<sheetData>{row(1, [number("A1", 1)])}</sheetData>{body}')],
                     "<si><t>one</t></si>")
+
+
+def sound():
+    return packed(plain())
 
 
 def with_entries(*names):
@@ -161,7 +167,7 @@ SHEET, BOOK = "xl/worksheets/sheet1.xml", "xl/workbook.xml"
 COMPOUND = bytes.fromhex("d0cf11e0a1b11ae1") + bytes(2048)
 
 CASES = [
-    Case("control", lambda: packed(plain()), ACCEPTED, compare=True),
+    Case("control", sound, ACCEPTED, compare=True),
     Case("control-stored", lambda: packed(plain(), store=(SHEET,)), ACCEPTED, compare=True),
     Case("empty-file", lambda: b"", REFUSED),
     Case("one-byte", lambda: b"P", REFUSED),
@@ -187,18 +193,18 @@ CASES = [
     Case("checksum-wrong", lambda: patched(SHEET, 14, 16, "<I", 0xDEADBEEF), REFUSED, "sheet1.xml"),
     Case("encrypted-flag", lambda: patched(SHEET, 6, 8, "<H", 1), REFUSED, "sheet1.xml"),
     Case("unknown-compression", lambda: patched(SHEET, 8, 10, "<H", 77), REFUSED, "sheet1.xml"),
-    Case("size-said-too-small", lambda: patched(SHEET, 22, 24, "<I", 10), REFUSED, "sheet1.xml"),
-    Case("size-said-too-large", lambda: patched(SHEET, 22, 24, "<I", 0x7FFFFFF0), REFUSED, "sheet1.xml"),
+    Case("size-said-too-small", lambda: patched(SHEET, 22, 24, "<I", 10), EITHER, like=sound),
+    Case("size-said-too-large", lambda: patched(SHEET, 22, 24, "<I", 0x7FFFFFF0), EITHER, like=sound),
     Case("stream-shortened", shortened_stream, REFUSED, "sheet1.xml"),
     Case("stream-damaged", damaged_stream, REFUSED, "sheet1.xml"),
-    Case("zip64-lie", zip64_lie, REFUSED),
+    Case("zip64-lie", zip64_lie, EITHER, like=sound),
     Case("entry-count-lie", entry_count_lie, EITHER),
     Case("directory-beyond-file", directory_beyond_file, REFUSED),
     Case("entries-overlap", overlapping_entries, EITHER),
     Case("bytes-before-archive", lambda: b"#!/bin/sh\n" + packed(plain()), EITHER),
     Case("bytes-after-archive", lambda: packed(plain()) + b"trailing" * 9, EITHER),
-    Case("no-workbook", lambda: without(BOOK), REFUSED, "workbook"),
-    Case("no-package-relations", lambda: without("_rels/.rels"), REFUSED),
+    Case("no-workbook", lambda: without(BOOK), REFUSED, "main part"),
+    Case("no-package-relations", lambda: without("_rels/.rels"), EITHER, like=sound),
     Case("no-content-types", lambda: without("[Content_Types].xml"), EITHER),
     Case("no-workbook-relations", lambda: without("xl/_rels/workbook.xml.rels"), EITHER),
     Case("no-styles", lambda: without("xl/styles.xml"), ACCEPTED),

@@ -358,13 +358,15 @@ class _SheetReader:
             if local(child) != "mergeCell":
                 continue
             corners = [place(corner) for corner in child.get("ref", "").split(":")]
-            if len(corners) != 2 or None in corners:
+            if not 1 <= len(corners) <= 2 or None in corners:
                 self._sheet.refused_merges += 1
                 continue
             first = tuple(min(pair) for pair in zip(*corners))
-            last = tuple(max(pair) for pair in zip(*corners))
+            last = tuple(max(pair) for pair in zip(*corners))  # one corner alone is both
             last = (min(last[0], MAX_ROWS), min(last[1], MAX_COLUMNS))
-            if first[0] > last[0] or first[1] > last[1] or first == last or _overlaps(claimed, first, last):
+            if first == last:
+                continue  # one cell: there is nothing to merge
+            if first[0] > last[0] or first[1] > last[1] or _overlaps(claimed, first, last):
                 self._sheet.refused_merges += 1
                 continue
             self._sheet.merges.append((first, last))
