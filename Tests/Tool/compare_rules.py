@@ -240,4 +240,4 @@ class OpenpyxlRules:
             value = datetime.datetime(value.year, value.month, value.day)
         epoch = datetime.datetime(1904, 1, 1) if self._date1904 else datetime.datetime(1899, 12, 30)
         days = (value - epoch).total_seconds() / 86400
-        return days if self._date1904 or days >= 61 else days - 1
+        return days if self._date1904 or not 0 < days < 61 else days - 1
