@@ -47,7 +47,8 @@ void runImport(const ImportArguments& arguments)
 {
     Filters::Package package = openPackage(arguments.file);
     MediaFolder media(arguments.media);
-    Filters::FilterRun run(makeOptions(arguments, media));
+    // Kept until the process ends: taking a large model apart would cost time and give nothing.
+    static Filters::FilterRun& run = *new Filters::FilterRun(makeOptions(arguments, media));
     Filters::importSpreadsheet(package, run);
 
     const bool wantsSummary = arguments.model.empty() && arguments.report.empty();

@@ -42,12 +42,17 @@ std::string convertAscii(std::u16string_view text)
     return ascii;
 }
 
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
 void trimBlanks(std::string& text)
 {
-    constexpr const char* Blanks = " \t\n\r";
-    const std::size_t end = text.find_last_not_of(Blanks) + 1; // 0 where there are only blanks
-    text.erase(end);
-    text.erase(0, text.find_first_not_of(Blanks));
+    while (!text.empty() && isBlank(text.back()))
+        text.pop_back();
+    if (!text.empty() && isBlank(text.front()))
+        text.erase(0, text.find_first_not_of(" \t\n\r"));
 }
 
 } // namespace
@@ -118,10 +123,16 @@ void SheetBuilder::startCell(std::u16string_view reference, unsigned long format
     _text = nullptr;
 }
 
+std::string& SheetBuilder::startValue()
+{
+    _value.clear();
+    _hasValue = true;
+    return _value;
+}
+
 void SheetBuilder::setValue(const std::string& text)
 {
-    _value = text;
-    _hasValue = true;
+    startValue() = text;
 }
 
 void SheetBuilder::setText(const DOM::SharedCellText& text)

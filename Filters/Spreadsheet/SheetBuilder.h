@@ -68,7 +68,10 @@ public:
 
     /// @param reference such as u"B7"; empty for the cell after the last one
     void startCell(std::u16string_view reference, unsigned long format, CellType type);
-    /// The text of the cell's value.
+    /// Takes the text of the cell's value, which is written into the string that this returns: empty, and
+    /// kept from cell to cell.
+    std::string& startValue();
+    /// The same in one step.
     void setValue(const std::string& text);
     void setText(const DOM::SharedCellText& text);
     void endCell();

@@ -92,9 +92,7 @@ public:
     {
         switch (element.getId()) {
         case Words::Value:
-            _value.clear();
-            element.appendText(_value);
-            _builder.setValue(_value);
+            element.appendText(_builder.startValue());
             break;
         case Words::Cell:
             _builder.endCell();
@@ -245,7 +243,6 @@ private:
     SheetBuilder _builder;
     StringItems _strings;
     SheetReferences _references;
-    std::string _value;
     bool _isWorksheet = false;
 };
 
