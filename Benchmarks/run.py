@@ -18,6 +18,7 @@ import sys
 HERE = pathlib.Path(__file__).resolve().parent
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 REFERENCE = re.compile(r"/reference(-[^/]*)?(?=/|$)")
+ITERATIONS = re.compile(r"/iterations:\d+")
 MEMORY = re.compile(r"(?i)memory|peak|rss|bytes_used|allocs")
 
 
@@ -53,7 +54,7 @@ def run_program(program, options):
         median = entry.get("aggregate_name") == "median"
         single = options.repetitions == 1 and entry.get("run_type") == "iteration"
         if (median and entry.get("aggregate_unit", "time") == "time") or single:
-            found[entry.get("run_name", entry["name"])] = entry
+            found[ITERATIONS.sub("", entry.get("run_name", entry["name"]))] = entry
     return found
 
 
