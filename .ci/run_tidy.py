@@ -18,10 +18,16 @@ FINDING = re.compile(r"^(?P<file>/[^:]+):(?P<line>\d+):\d+: (?:error|warning): (
                      r" \[(?P<check>[\w.,-]+?)(?:,-warnings-as-errors)?\]$")
 
 
+def run_tidy(source, build):
+    return subprocess.run(["clang-tidy", "-p", build, "--quiet", str(source)], stdout=subprocess.PIPE,
+                          stderr=subprocess.PIPE, encoding="utf-8", check=False, timeout=SECONDS_PER_FILE)
+
+
 def check(source, build, root):
     try:
-        run = subprocess.run(["clang-tidy", "-p", build, "--quiet", str(source)], stdout=subprocess.PIPE,
-                             stderr=subprocess.PIPE, encoding="utf-8", check=False, timeout=SECONDS_PER_FILE)
+        run = run_tidy(source, build)
+        if run.returncode < 0:  # died of a signal; once more, to tell a crash from a machine in trouble
+            run = run_tidy(source, build)
     except subprocess.TimeoutExpired:
         return [f"{source.relative_to(root)}:1: clang-tidy took over {SECONDS_PER_FILE} s: split the file"]
     lines = []
@@ -31,7 +37,7 @@ def check(source, build, root):
             path = os.path.relpath(match["file"], root)
             lines.append(f"{path}:{match['line']}: {match['what']}: see {match['check']}")
     if run.returncode and not lines:
-        lines.append(f"{source.relative_to(root)}:1: clang-tidy failed: {run.stdout}{run.stderr}")
+        lines.append(f"{source.relative_to(root)}:1: clang-tidy ended with {run.returncode}: {run.stdout}{run.stderr}")
     return lines
 
 

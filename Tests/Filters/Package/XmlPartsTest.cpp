@@ -77,7 +77,7 @@ const RefusedRow RefusedRows[] = {
     {"Bomb",         "<!DOCTYPE a [<!ENTITY b \"b\"><!ENTITY c \"&b;&b;\">]><a>&c;</a>",     Kind::Refused,       Doctype },
     {"LocalFile",    "<!DOCTYPE a [<!ENTITY b SYSTEM \"file:///etc/hostname\">]><a>&b;</a>", Kind::Refused,
      Doctype                                                                                                              },
-    {"Latin9",       "<?xml version='1.0' encoding='ISO-8859-15'?><a/>",                      Kind::Refused,       Encoding},
+    {"Latin9",       "<?xml version='1.0' encoding='ISO-8859-15'?><a/>",                     Kind::Refused,       Encoding},
     {"Windows",      "<?xml version='1.0' encoding='windows-1252'?><a/>",                    Kind::Refused,       Encoding},
     {"Depth",        nest(1001),                                                             Kind::LimitExceeded,
      "breaks a limit of XML in line 1: elements are nested deeper than 1000 levels (1001; the limit is "
