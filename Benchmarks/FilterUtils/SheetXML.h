@@ -193,7 +193,7 @@ inline void runReading(
     for (auto _ : state)
         if (!(reading(sheet.xml) == sheet.sums))
             state.SkipWithError("the reading found something else");
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * sheet.xml.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(sheet.xml.size()));
     state.counters["peak_memory_per_byte"] = growth / static_cast<double>(sheet.xml.size());
 }
 

@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
 
 #include <Tests/Support/Printers.h>
@@ -324,6 +325,54 @@ TEST(XMLElement, ViewsParserOfTheCallers)
     EXPECT_NE(root, XMLElement(nullptr, handler, parser->getDocument()->getDocumentElement()));
     EXPECT_FALSE(XMLElement(parser, handler, nullptr).isValid());
 }
+
+struct SurrogateRow
+{
+    const char* name;
+    std::u16string value;
+    std::string text;
+};
+
+void PrintTo(const SurrogateRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+const SurrogateRow SurrogateRows[] = {
+    {"Pair",         {u'x', 0xD83D, 0xDE00, u'y'},       "x\xF0\x9F\x98\x80y"                          },
+    {"FirstPair",    {0xD800, 0xDC00},                   "\xF0\x90\x80\x80"                            },
+    {"LastPair",     {0xDBFF, 0xDFFF},                   "\xF4\x8F\xBF\xBF"                            },
+    {"BelowThem",    {0xD7FF},                           "\xED\x9F\xBF"                                },
+    {"AboveThem",    {0xE000},                           "\xEE\x80\x80"                                },
+    {"HighAlone",    {u'x', 0xD800, u'y'},               "x\xEF\xBF\xBDy"                              },
+    {"HighAtEnd",    {u'x', 0xDBFF},                     "x\xEF\xBF\xBD"                               },
+    {"LowAlone",     {0xDC00, u'y'},                     "\xEF\xBF\xBDy"                               },
+    {"WrongOrder",   {0xDC00, 0xD800},                   "\xEF\xBF\xBD\xEF\xBF\xBD"                    },
+    {"HighThenPair", {0xD800, 0xD83D, 0xDE00},           "\xEF\xBF\xBD\xF0\x9F\x98\x80"                },
+    {"Lengths",      {0x7F, 0x80, 0x7FF, 0x800, 0xFFFF}, "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF"},
+};
+
+class XMLElementSurrogates : public testing::TestWithParam<SurrogateRow>
+{
+};
+
+// No document has an unpaired one, but a tree of the caller's may.
+TEST_P(XMLElementSurrogates, BecomeUtf8)
+{
+    const std::string text = "<a/>";
+    const auto parser = std::make_shared<xercesc::XercesDOMParser>();
+    parser->parse(
+        xercesc::MemBufInputSource(reinterpret_cast<const XMLByte*>(text.data()), text.size(), "memory"));
+    xercesc::DOMElement* const root = parser->getDocument()->getDocumentElement();
+    root->setAttribute(u"k", GetParam().value.c_str());
+    root->setTextContent(GetParam().value.c_str());
+    const XMLElement element(parser, nullptr, root);
+    EXPECT_EQ(element.getAttributeValue("k"), GetParam().text);
+    EXPECT_EQ(element.getText(), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, XMLElementSurrogates, testing::ValuesIn(SurrogateRows),
+    [](const auto& row) { return std::string(row.param.name); });
 
 // --- xercesStringToString
 

@@ -245,7 +245,7 @@ TEST(Doctype, IsBoundedInBytes)
 
 TEST(Doctype, OfDeepContentModelEndsWell)
 {
-    for (const std::size_t depth : {400, 5000, 7000}) {
+    for (const std::size_t depth : {400U, 5000U, 7000U}) {
         const std::string model = repeat(depth, "(") + "b" + repeat(depth, ")");
         const XMLOutcome outcome = readAsTree("<!DOCTYPE a [<!ELEMENT a " + model + ">]><a/>").outcome;
         EXPECT_THAT(outcome, testing::AnyOf(XMLOutcome::WellFormed, XMLOutcome::Malformed)) << depth;
