@@ -160,6 +160,7 @@ TYPED_TEST(ErrorFamily, IsCaughtAsItselfAsTheRootAndAsARuntimeError)
 TYPED_TEST(ErrorFamily, IsMadeOfAMessageAloneAndAddsNoFields)
 {
     EXPECT_TRUE((std::is_constructible_v<TypeParam, const char*>));
+    EXPECT_FALSE((std::is_constructible_v<TypeParam, std::string>));
     EXPECT_FALSE(std::is_default_constructible_v<TypeParam>);
     EXPECT_TRUE(std::is_copy_constructible_v<TypeParam>);
     EXPECT_EQ(sizeof(TypeParam), sizeof(std::runtime_error));

@@ -15,6 +15,10 @@ namespace {
 
 using testing::MatchesRegex;
 
+static_assert(std::is_abstract_v<IDGenerator> && std::has_virtual_destructor_v<IDGenerator>);
+static_assert(sizeof(IDGenerator) == sizeof(void*), "no fields");
+static_assert(!std::is_polymorphic_v<StringIdGenerator>);
+
 struct NumberRow
 {
     const char* name;

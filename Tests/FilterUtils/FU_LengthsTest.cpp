@@ -36,6 +36,8 @@ void expectOneMessage(const OperationReport& report, const char* pattern, const 
     EXPECT_THAT(report.getMessages()[0].getArguments(), ElementsAre(Argument(text)));
 }
 
+static_assert(anyLength == 0 && positiveLength == 1 && nonNegativeLength == 2);
+
 struct LengthRow
 {
     const char* name;
