@@ -55,20 +55,24 @@ void runImport(const ImportArguments& arguments)
     if (wantsSummary) {
         OutputFile output("-");
         writeSummary(arguments.file, run, output.getStream());
-        output.commit();
+        output.complete();
     }
     std::unique_ptr<OutputFile> model;
     std::unique_ptr<OutputFile> report;
-    if (!arguments.model.empty()) {
+    if (!arguments.model.empty())
         model = std::make_unique<OutputFile>(arguments.model);
-        Filters::writeSpreadsheetJson(run, model->getStream());
-    }
-    if (!arguments.report.empty()) {
+    if (!arguments.report.empty())
         report = std::make_unique<OutputFile>(arguments.report);
+    if (model) {
+        Filters::writeSpreadsheetJson(run, model->getStream());
+        model->complete();
+    }
+    if (report) {
         Filters::writeReportJson(run, report->getStream());
+        report->complete();
     }
     // Each is whole by now; what can still fail is a rename.
-    media.commit();
+    media.commit(run.getMedia());
     if (model)
         model->commit();
     if (report)

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <boost/filesystem/path.hpp>
+
+#include <Filters/Package/FilterRun.h>
 
 namespace QV::Tool {
 
@@ -22,12 +25,16 @@ public:
     /// Where the files grow; empty where there is no folder.
     std::string getGrowingFolder() const { return _growing.string(); }
 
-    /// Moves the files to their place; throws OutputError where that fails.
-    void commit();
+    /// Moves the files of these items to their place, and takes away what else grew, such as a picture that
+    /// broke off; throws OutputError where that fails.
+    void commit(const std::vector<Filters::MediaItem>& items);
 
 private:
+    void removeGrown();
+
     boost::filesystem::path _folder;
     boost::filesystem::path _growing;
+    std::vector<boost::filesystem::path> _parents; // that were made for it, the innermost first
 };
 
 } // namespace QV::Tool

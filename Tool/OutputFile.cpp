@@ -7,9 +7,13 @@
 #include <boost/filesystem/operations.hpp>
 #include <fmt/format.h>
 
+#include <Filters/Package/PackageError.h>
 #include <Utils/Public/UUID.h>
 
 namespace QV::Tool {
+
+namespace fs = boost::filesystem;
+
 namespace {
 
 const char* const StandardOutput = "-";
@@ -19,17 +23,27 @@ std::string describeLastError()
     return errno != 0 ? std::strerror(errno) : "it cannot be written";
 }
 
-bool isWrittenBeside(const std::string& name)
+/// The file that a name leads to, which need not be there.
+fs::path followLinks(fs::path path)
+{
+    constexpr int LinksMax = 40; // as the system has it
+    boost::system::error_code error;
+    for (int i = 0; i < LinksMax && fs::is_symlink(fs::symlink_status(path, error)); ++i)
+        path = path.parent_path() / fs::read_symlink(path, error); // what is absolute replaces all
+    return path;
+}
+
+bool isWrittenBeside(const fs::path& name)
 {
     boost::system::error_code error;
-    const auto status = boost::filesystem::status(name, error);
-    return !boost::filesystem::exists(status) || boost::filesystem::is_regular_file(status);
+    const auto status = fs::status(name, error);
+    return !fs::exists(status) || fs::is_regular_file(status);
 }
 
 } // namespace
 
 OutputError::OutputError(const std::string& name, const std::string& reason)
-    : std::runtime_error(fmt::format("{}: {}", name, reason))
+    : std::runtime_error(fmt::format("{}: {}", Filters::makePrintable(name), reason))
 {
 }
 
@@ -38,8 +52,9 @@ OutputFile::OutputFile(const std::string& name)
 {
     if (_name == StandardOutput)
         return;
-    if (isWrittenBeside(_name))
-        _temporaryName = fmt::format("{}.{}.part", _name, UUID::generate().toString());
+    _target = followLinks(_name);
+    if (isWrittenBeside(_target))
+        _temporaryName = fmt::format("{}.{}.part", _target.string(), UUID::generate().toString());
     errno = 0;
     _file.open(_temporaryName.empty() ? _name : _temporaryName, std::ios::binary | std::ios::trunc);
     if (!_file) {
@@ -54,7 +69,7 @@ OutputFile::~OutputFile()
         return;
     _file.close();
     boost::system::error_code error;
-    boost::filesystem::remove(_temporaryName, error);
+    fs::remove(_temporaryName, error);
 }
 
 std::ostream& OutputFile::getStream()
@@ -62,7 +77,7 @@ std::ostream& OutputFile::getStream()
     return _name == StandardOutput ? std::cout : _file;
 }
 
-void OutputFile::commit()
+void OutputFile::complete()
 {
     errno = 0;
     std::ostream& stream = getStream();
@@ -71,10 +86,14 @@ void OutputFile::commit()
         _file.close();
     if (!stream)
         throw OutputError(_name == StandardOutput ? "standard output" : _name, describeLastError());
+}
+
+void OutputFile::commit()
+{
     if (_temporaryName.empty())
         return;
     boost::system::error_code error;
-    boost::filesystem::rename(_temporaryName, _name, error);
+    fs::rename(_temporaryName, _target, error);
     if (error)
         throw OutputError(_name, error.message());
     _temporaryName.clear();

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include <boost/filesystem/path.hpp>
+
 namespace QV::Tool {
 
 /// An output could not be written; says which, and why.
@@ -15,7 +17,8 @@ public:
 };
 
 /// An output that appears under its name only when it is complete: it grows beside it and is renamed at the
-/// end. The name "-" is standard output; what is no regular file (a pipe, say) is written straight to.
+/// end. The name "-" is standard output; what is no regular file (a pipe, say) is written straight to. A
+/// symbolic link stays one: the file that it leads to is replaced.
 class OutputFile
 {
 public:
@@ -29,12 +32,16 @@ public:
 
     std::ostream& getStream();
 
-    /// Completes the output; throws OutputError where anything of it could not be written.
+    /// Ends the writing; throws OutputError where anything of it could not be written.
+    void complete();
+
+    /// Gives a completed output its name; throws OutputError where that fails.
     void commit();
 
 private:
     std::string _name;
-    std::string _temporaryName; // empty where the output is written straight to
+    boost::filesystem::path _target; // the name, symbolic links followed
+    std::string _temporaryName;      // empty where the output is written straight to
     std::ofstream _file;
 };
 

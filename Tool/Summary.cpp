@@ -10,6 +10,7 @@
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
+#include <Filters/Package/PackageError.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Tool {
@@ -31,8 +32,9 @@ struct SheetRow
 
 SheetRow makeSheetRow(const DOM::Table& table)
 {
-    SheetRow row{table.getName(), table.isVisible() ? "visible" : "hidden", table.getLiveRowsCount(),
-        table.getLiveColsCount(), 0, table.getMergedRanges().size(), table.getFrames().size()};
+    SheetRow row{Filters::makePrintable(table.getName()), table.isVisible() ? "visible" : "hidden",
+        table.getLiveRowsCount(), table.getLiveColsCount(), 0, table.getMergedRanges().size(),
+        table.getFrames().size()};
     for (const DOM::Cell& cell : table.getTableIterators())
         row.cells += cell.getKind() != DOM::Cell::Kind::Empty ? 1 : 0;
     return row;
@@ -79,7 +81,7 @@ std::vector<MessageGroup> groupMessages(const OperationReport& report)
         if (group == groups.end())
             group = groups.insert(groups.end(), {message.getText(), 0, {}});
         ++group->count;
-        const std::string example = message.toString();
+        const std::string example = Filters::makePrintable(message.toString());
         if (group->examples.size() < ExamplesMax &&
             std::find(group->examples.begin(), group->examples.end(), example) == group->examples.end())
             group->examples.push_back(example);
@@ -108,10 +110,14 @@ void writeSummary(const std::string& name, const Filters::FilterRun& run, std::o
     for (const DOM::Block& block : run.getDocument().getBlocks())
         if (const auto* table = dynamic_cast<const DOM::Table*>(&block))
             rows.push_back(makeSheetRow(*table));
-    out << fmt::format("{}: a workbook of {} {}\n", name, rows.size(), rows.size() == 1 ? "sheet" : "sheets");
+    out << fmt::format("{}: a workbook of {} {}\n", Filters::makePrintable(name), rows.size(),
+        rows.size() == 1 ? "sheet" : "sheets");
     writeSheets(rows, out);
-    if (!run.getLinks().empty())
-        out << fmt::format("Refers to: {}\n", fmt::join(run.getLinks(), ", "));
+    std::vector<std::string> links;
+    for (const std::string& link : run.getLinks())
+        links.push_back(Filters::makePrintable(link));
+    if (!links.empty())
+        out << fmt::format("Refers to: {}\n", fmt::join(links, ", "));
     if (!run.getLeftOut().empty())
         out << fmt::format("Left out: {}\n", fmt::join(run.getLeftOut(), "; "));
     writeMessages(run.getReport(), out);

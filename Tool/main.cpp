@@ -4,6 +4,7 @@
 #include <new>
 
 #include <CLI/CLI.hpp>
+#include <boost/filesystem/operations.hpp>
 #include <fmt/format.h>
 #include <xercesc/util/PlatformUtils.hpp>
 
@@ -13,6 +14,8 @@
 #include <Utils/Public/Assertions.h>
 
 namespace {
+
+namespace fs = boost::filesystem;
 
 enum ExitStatus
 {
@@ -26,6 +29,18 @@ int fail(const std::string& what, ExitStatus status)
 {
     std::cerr << "qvfilter: " << what << '\n';
     return status;
+}
+
+/// Whether writing one of two files would replace the other; devices can be written to twice.
+bool isSameFile(const std::string& left, const std::string& right)
+{
+    if (left.empty() || right.empty() || left == "-" || right == "-")
+        return false;
+    boost::system::error_code error;
+    if (fs::exists(left, error) && fs::exists(right, error))
+        return fs::is_regular_file(left, error) && fs::equivalent(left, right, error);
+    const auto normalize = [](const std::string& name) { return fs::absolute(name).lexically_normal(); };
+    return normalize(left) == normalize(right);
 }
 
 void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
@@ -46,6 +61,10 @@ void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
     command->callback([&] {
         if (arguments.model == "-" && arguments.report == "-")
             throw CLI::ValidationError("--model and --report cannot both be standard output");
+        if (isSameFile(arguments.model, arguments.report))
+            throw CLI::ValidationError("--model and --report name the same file");
+        if (isSameFile(arguments.file, arguments.model) || isSameFile(arguments.file, arguments.report))
+            throw CLI::ValidationError("an output cannot replace the document that it is made from");
     });
     command->footer(
         "Exit status: 0 done; 1 the input cannot be read; 2 wrong usage; 4 an output cannot be written.");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <FilterUtils/FU_Errors.h>
 #include <FilterUtils/FU_IDGenerators.h>
 #include <FilterUtils/FU_LocalFSMediaStorage.h>
 #include <Utils/Public/InputStream.h>
@@ -121,8 +122,12 @@ private:
         std::string name = _ids->generateId();
         if (const auto extension = getFileExtensionByMIMEType(mimeType))
             name += "." + *extension;
-        char buffer[4096];
-        while (stream.read(buffer, sizeof(buffer), 0) > 0) {
+        try {
+            char buffer[4096];
+            while (stream.read(buffer, sizeof(buffer), 0) > 0) {
+            }
+        } catch (const BaseRuntimeError&) { // a storage could not keep it either
+            return {};
         }
         return name;
     }

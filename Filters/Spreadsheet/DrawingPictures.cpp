@@ -10,6 +10,7 @@
 #include <FilterUtils/FU_Pictures.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
+#include <Filters/Package/PackageError.h>
 #include <Filters/Package/PartNames.h>
 #include <Filters/Package/Relationships.h>
 #include <Filters/Spreadsheet/DrawingReader.h>
@@ -72,13 +73,18 @@ const DrawingPictures::Stored& DrawingPictures::storeLinked(const std::string& t
 DrawingPictures::Stored DrawingPictures::store(std::istream& in, const std::string& name)
 {
     const std::size_t count = _run.getMedia().size();
-    const auto id =
-        FilterUtils::savePictureToMediaStorage(in, _run.getMediaStorage(), getPartExtension(name));
-    if (id->empty() || _run.getMedia().size() == count) {
+    std::string id;
+    try {
+        id = *FilterUtils::savePictureToMediaStorage(in, _run.getMediaStorage(), getPartExtension(name));
+    } catch (const PackageError& error) { // what tells the type reads, too
+        if (error.getKind() != PackageError::Kind::Damaged)
+            throw;
+    }
+    if (id.empty() || _run.getMedia().size() == count) {
         _run.getReport().emplace_back("Picture {} cannot be stored", name);
         return {};
     }
-    return {*id, _run.getMedia().back().mimeType};
+    return {id, _run.getMedia().back().mimeType};
 }
 
 } // namespace QV::Filters

@@ -76,8 +76,9 @@ void SheetBuilder::setColumns(
     unsigned long firstNumber, unsigned long lastNumber, boost::optional<double> width, bool isHidden)
 {
     if (firstNumber == 0 || firstNumber > lastNumber || firstNumber > ColumnsMax) {
-        _report.emplace_back("Columns {} to {} are not columns of a sheet", std::to_string(firstNumber),
-            std::to_string(lastNumber));
+        constexpr const char* Pattern = "Columns {} to {} are not columns of a sheet";
+        if (++_reported[Pattern] <= MessagesMax)
+            _report.emplace_back(Pattern, std::to_string(firstNumber), std::to_string(lastNumber));
         return;
     }
     DOM::ColumnProps props;
@@ -85,7 +86,7 @@ void SheetBuilder::setColumns(
     if (width && *width >= 0 && *width <= ColumnWidthMax)
         props.setWidth(convertCharactersToPoints(*width, _workbook.maxDigitWidth));
     else if (width)
-        _report.emplace_back("Unexpected column width {}", fmt::format("{}", *width));
+        reportValue("Unexpected column width {}", fmt::format("{}", *width));
     const unsigned long end = std::min(lastNumber, ColumnsMax);
     _table.setColumnsProps({ColumnIndex(firstNumber - 1), ColumnIndex(end)}, props);
 }
@@ -252,19 +253,19 @@ void SheetBuilder::reportCell(const char* pattern, const std::string& detail)
         _report.emplace_back(pattern, nameCell(), detail);
 }
 
-void SheetBuilder::reportRange(const char* pattern, std::u16string_view reference)
+void SheetBuilder::reportValue(const char* pattern, const std::string& value)
 {
     if (++_reported[pattern] <= MessagesMax)
-        _report.emplace_back(pattern, convertAscii(reference));
+        _report.emplace_back(pattern, value);
 }
 
 void SheetBuilder::addMerge(std::u16string_view reference)
 {
     const auto range = parseRangeReference(reference);
     if (!range || range->getBeginRow() >= RowsMax || range->getBeginColumn() >= ColumnsMax)
-        reportRange("Merged range {} is no range of a sheet", reference);
+        reportValue("Merged range {} is no range of a sheet", convertAscii(reference));
     else if (!_merges.appendRange(*range))
-        reportRange("Merged range {} overlaps an earlier one and is left out", reference);
+        reportValue("Merged range {} overlaps an earlier one and is left out", convertAscii(reference));
 }
 
 void SheetBuilder::finish()

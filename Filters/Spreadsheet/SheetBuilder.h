@@ -78,6 +78,9 @@ public:
 
     void addMerge(std::u16string_view reference);
 
+    /// Reports a bad value of the sheet; of each pattern so many times, after which it is only counted.
+    void reportValue(const char* pattern, const std::string& value);
+
     /// Completes the table: sorts its cells, and marks its merges.
     void finish();
 
@@ -89,7 +92,6 @@ private:
     DOM::SharedCellText makeText(const std::string& text);
     std::string nameCell() const;
     void reportCell(const char* pattern, const std::string& detail = {});
-    void reportRange(const char* pattern, std::u16string_view reference);
 
     const WorkbookContext& _workbook;
     DOM::Table& _table;

@@ -32,6 +32,7 @@ using FilterUtils::XMLStreamStart;
 constexpr float UsualRowHeight = 15;     // points
 constexpr unsigned UsualColumnWidth = 8; // characters
 constexpr double RowHeightMax = 409.5;   // points
+constexpr double ColumnWidthMax = 255;   // characters
 
 const std::pair<int, const char*> LeftOutWords[] = {
     {Words::AutoFilter,            LeftOut::Filters           },
@@ -133,6 +134,8 @@ private:
         case Words::SheetData:
         case Words::Columns:
         case Words::MergeCells:
+        case Words::AlternateContent: // only what every reader understands is read: the fallback
+        case Words::Fallback:
             return XMLStep::Enter;
         case Words::SheetFormatProps:
             readSheetFormat(element);
@@ -154,14 +157,16 @@ private:
         }
     }
 
-    boost::optional<double> readNumber(const XMLStreamStart& element, int attribute, const char* message)
+    /// A number from 0 to @p max; anything else that stands there is reported.
+    boost::optional<double> readNumber(
+        const XMLStreamStart& element, int attribute, double max, const char* message)
     {
         const auto text = element.findAttributeText(attribute);
         if (!text)
             return boost::none;
         const auto number = OfficeUtils::stringToDouble(*text);
-        if (!number || !(*number >= 0)) {
-            _run.getReport().emplace_back(message, *text);
+        if (!number || !(*number >= 0 && *number <= max)) {
+            _builder.reportValue(message, *text);
             return boost::none;
         }
         return number;
@@ -175,12 +180,14 @@ private:
 
     void readSheetFormat(const XMLStreamStart& element)
     {
-        const auto height = readNumber(element, Words::DefaultRowHeight, "Unexpected row height {}");
-        if (height && *height <= RowHeightMax)
+        const auto height =
+            readNumber(element, Words::DefaultRowHeight, RowHeightMax, "Unexpected row height {}");
+        if (height)
             _table.setDefaultRowHeight(static_cast<float>(*height));
         if (isTrue(element, Words::ZeroHeight))
             _table.setDefaultRowHeight(0);
-        const auto width = readNumber(element, Words::DefaultColumnWidth, "Unexpected column width {}");
+        const auto width =
+            readNumber(element, Words::DefaultColumnWidth, ColumnWidthMax, "Unexpected column width {}");
         const auto base = readUnsigned(element.findAttribute(Words::BaseColumnWidth));
         if (width)
             _table.setDefaultColumnWidth(convertCharactersToPoints(*width, _workbook.maxDigitWidth));
@@ -193,7 +200,7 @@ private:
     {
         const unsigned long first = readUnsigned(element.findAttribute(Words::Min)).value_or(0);
         const unsigned long last = readUnsigned(element.findAttribute(Words::Max)).value_or(first);
-        const auto width = readNumber(element, Words::Width, "Unexpected column width {}");
+        const auto width = readNumber(element, Words::Width, ColumnWidthMax, "Unexpected column width {}");
         _builder.setColumns(first, last, width, isTrue(element, Words::Hidden));
     }
 
@@ -202,13 +209,13 @@ private:
         const auto number = element.findAttribute(Words::Reference);
         const auto row = readUnsigned(number);
         if (number && !row)
-            _run.getReport().emplace_back(
+            _builder.reportValue(
                 "Row number {} is none", element.findAttributeText(Words::Reference).value_or(std::string()));
         _builder.startRow(row);
         DOM::RowProps props;
         if (element.findAttribute(Words::Height)) {
-            const auto height = readNumber(element, Words::Height, "Unexpected row height {}");
-            if (height && *height <= RowHeightMax)
+            const auto height = readNumber(element, Words::Height, RowHeightMax, "Unexpected row height {}");
+            if (height)
                 props.setHeight(static_cast<float>(*height));
         }
         props.setHidden(isTrue(element, Words::Hidden));
@@ -221,7 +228,7 @@ private:
         if (const auto text = element.findAttribute(Words::Type)) {
             const auto known = readCellType(*text);
             if (!known)
-                _run.getReport().emplace_back(
+                _builder.reportValue(
                     "Unknown cell type {}", element.findAttributeText(Words::Type).value_or(std::string()));
             type = known.value_or(CellType::String); // whatever it is, its text is kept
         }
@@ -229,7 +236,7 @@ private:
         if (const auto text = element.findAttribute(Words::Style)) {
             const auto number = readUnsigned(text);
             if (!number)
-                _run.getReport().emplace_back("Cell format number {} is none",
+                _builder.reportValue("Cell format number {} is none",
                     element.findAttributeText(Words::Style).value_or(std::string()));
             format = number.value_or(0);
         }

@@ -1,6 +1,7 @@
 #include <Filters/Spreadsheet/SpreadsheetImport.h>
 
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -122,8 +123,11 @@ private:
         auto table = std::make_unique<DOM::Table>();
         table->setName(sheet.name);
         table->setVisible(sheet.isVisible);
-        if (relationship && !relationship->isExternal)
+        const bool isInside = relationship && !relationship->isExternal;
+        if (isInside && _sheetParts.insert(relationship->target).second)
             readSheetPart(relationship->target, context, *table);
+        else if (isInside) // else a small package would make a model of any size
+            _run.getReport().emplace_back("Sheet {} has the part of an earlier sheet", sheet.name);
         else
             _run.getReport().emplace_back("Sheet {} has no part", sheet.name);
         _run.getDocument().getBlocks().append(std::move(table));
@@ -155,6 +159,7 @@ private:
     Colors _colors;
     CellFormats _formats;
     std::vector<DOM::SharedCellText> _strings;
+    std::set<std::string> _sheetParts; // that were read
     DrawingPictures _pictures{_package, _run};
 };
 

@@ -54,7 +54,9 @@ struct Words
         Connector,
         GraphicFrame,
         // Markup compatibility.
+        AlternateContent,
         Choice,
+        Fallback,
         // Attributes.
         BaseColumnWidth,
         DefaultColumnWidth,

@@ -16,6 +16,7 @@ import unittest
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent.parent / "Samples"))
 # pylint: disable=wrong-import-position
+import hostile_packages
 import hostile_parts
 from package_parts import number, png, row, workbook, write_package
 from tool_runner import allowance, run
@@ -158,6 +159,67 @@ class Output(Case):
             self.assert_only("file", "folder")
         self.assertEqual((self.folder / "file").read_bytes(), b"")
 
+    def test_one_unwritable_output_keeps_all_from_appearing(self):
+        for arguments in (["--model", "/dev/full", "--report", "report.json"],
+                          ["--model", "model.json", "--report", "/dev/full"],
+                          ["--model", "model.json", "--report", "nowhere/report.json"]):
+            with self.subTest(arguments):
+                self.expect(4, "import", self.orders, *arguments, "--media", "new/media")
+                self.assert_only()
+
+    def test_failure_is_one_line_whatever_the_names(self):
+        for name in ("no\nwhere", "no\x1b[31mwhere", b"no\xff\nwhere".decode("utf-8", "surrogateescape")):
+            (self.folder / f"{name} is a file").write_bytes(b"")
+            for arguments in ([name], [self.orders, "--model", f"{name}/out"],
+                              [self.orders, "--media", f"{name} is a file"]):
+                outcome = self.call("import", *arguments)
+                self.assertIn(outcome.status, (1, 4))
+                self.assertEqual(len(outcome.error_lines()), 1, outcome.stderr)
+                self.assertNotIn(b"\x1b", outcome.stderr)
+
+    def test_outputs_do_not_replace_one_another_nor_the_document(self):
+        shutil.copy(self.orders, self.folder / "in.xlsx")
+        (self.folder / "link").symlink_to("in.xlsx")
+        for arguments in (["--model", "out", "--report", "out"], ["--model", "out", "--report", "./none/../out"],
+                          ["--model", "in.xlsx"], ["--report", self.folder / "in.xlsx"], ["--model", "link"]):
+            with self.subTest(arguments):
+                self.expect(2, "import", "in.xlsx", *arguments)
+                self.assert_only("in.xlsx", "link")
+        self.assertEqual((self.folder / "in.xlsx").read_bytes(), self.orders.read_bytes())
+        self.expect(0, "import", "in.xlsx", "--model", "/dev/null", "--report", "/dev/null")
+
+    def test_symbolic_link_stays_and_its_file_is_replaced(self):
+        (self.folder / "deep").mkdir()
+        (self.folder / "deep/old.json").write_text("old", encoding="utf-8")
+        for target in ("deep/old.json", "deep/new.json", self.folder / "deep/other.json"):
+            link = self.folder / "link.json"
+            link.symlink_to(target)
+            self.expect(0, "import", self.orders, "--model", "link.json")
+            self.assertTrue(link.is_symlink())
+            self.assertEqual(json.loads((self.folder / target).read_bytes())["format"], "xlsx")
+            link.unlink()
+        self.assertEqual(len(list((self.folder / "deep").iterdir())), 3)
+
+    def test_media_can_be_the_folder_of_the_caller(self):
+        for name in (".", "./", "../here", "new/."):
+            here = self.folder / "here"
+            here.mkdir()
+            self.expect(0, "import", self.orders, "--model", "-", "--media", name, cwd=here)
+            files = [path.name for path in here.rglob("*") if path.is_file()]
+            self.assertEqual(len(files), 2, (name, files))
+            shutil.rmtree(here)
+
+    def test_picture_that_breaks_off_is_not_kept_with_or_without_a_folder(self):
+        package = bytearray(hostile_packages.packed(hostile_parts.pictured("../media/image1.png")))
+        name = "xl/media/image1.png"
+        package[hostile_packages.local_header(package, name) + 14] ^= 0xFF  # the checksum
+        package[hostile_packages.central_header(package, name) + 16] ^= 0xFF
+        (self.folder / "broken.xlsx").write_bytes(package)
+        kept = self.model_of("broken.xlsx", "--media", "media")
+        self.assertEqual(kept, self.model_of("broken.xlsx"))
+        self.assertEqual(kept["media"], [])
+        self.assertEqual(list((self.folder / "media").iterdir()), [])
+
     def test_full_device_is_status_4(self):
         with open("/dev/full", "wb") as full:
             for arguments in (["--model", "-"], ["--report", "-"], []):
@@ -184,6 +246,15 @@ class Output(Case):
     def test_without_media_folder_no_picture_is_left(self):
         self.model_of(self.orders)
         self.assert_only()
+
+    def test_summary_keeps_to_its_lines_whatever_the_names(self):
+        parts = workbook([("a\u009b31m\u0085b&c", "visible", "<sheetData/>")])
+        parts["xl/workbook.xml"] = parts["xl/workbook.xml"].replace("b&amp;c", "b&#10;c")
+        write_package(self.folder / "names.xlsx", parts)
+        text = self.expect(0, "import", "names.xlsx").stdout.decode()
+        self.assertIn("\\x0Ac", text)
+        for harm in ("\u009b", "\u0085"):
+            self.assertNotIn(harm, text)
 
     def test_summary_is_for_a_person(self):
         outcome = self.expect(0, "import", self.orders)

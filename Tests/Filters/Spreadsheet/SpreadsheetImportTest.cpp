@@ -69,10 +69,16 @@ protected:
 TEST_F(SpreadsheetImport, SheetsComeInTheirOrderWithNameAndState)
 {
     builder.sheetEntries = "<sheet name='B &amp; C' sheetId='1' r:id='s1'/>"
-                           "<sheet name='Hidden' sheetId='2' state='hidden' r:id='s1'/>"
-                           "<sheet name='Very' sheetId='3' state='veryHidden' r:id='s1'/>"
-                           "<sheet name='Odd' sheetId='4' state='sleepy' r:id='s1'/>"
+                           "<sheet name='Hidden' sheetId='2' state='hidden' r:id='s2'/>"
+                           "<sheet name='Very' sheetId='3' state='veryHidden' r:id='s3'/>"
+                           "<sheet name='Odd' sheetId='4' state='sleepy' r:id='s4'/>"
                            "<sheet name='Lost' sheetId='5' r:id='nowhere'/>";
+    for (const std::string number : {"2", "3", "4"}) {
+        builder.workbookRelationships += Tests::makeRelationship(
+            "s" + number, Tests::TransitionalTypes + "worksheet", "sheet" + number + ".xml");
+        builder.items.push_back(
+            {"xl/sheet" + number + ".xml", "<worksheet xmlns='" + Tests::SheetNamespace + "'/>"});
+    }
     import();
     const auto tables = listTables();
     ASSERT_EQ(tables.size(), 5U);
