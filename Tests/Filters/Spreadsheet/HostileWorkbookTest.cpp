@@ -102,7 +102,7 @@ TEST_F(HostileWorkbook, SizesBeyondTheBoundsAreReportedAndLeftOut)
         "<sheetData><row r='1' ht='409.6'/><row r='2' ht='409.5'/><row r='3' ht='-1'/></sheetData>";
     import();
     const DOM::Table& table = *listTables().front();
-    EXPECT_EQ(table.getDefaultColumnWidth(), 54.0F);
+    EXPECT_EQ(table.getDefaultColumnWidth(), 48.0F);
     EXPECT_EQ(table.getDefaultRowHeight(), 15.0F);
     EXPECT_EQ(table.getColumnProps(ColumnIndex(0)).getWidth(), boost::none);
     EXPECT_NE(table.getColumnProps(ColumnIndex(1)).getWidth(), boost::none);
