@@ -44,8 +44,10 @@ public:
     {
         double fraction = 0;
         double weight = 0.1;
-        for (; !isAtEnd() && _text[_position] >= '0' && _text[_position] <= '9'; ++_position, weight /= 10)
+        for (; !isAtEnd() && _text[_position] >= '0' && _text[_position] <= '9'; ++_position) {
             fraction += (_text[_position] - '0') * weight;
+            weight /= 10;
+        }
         return fraction;
     }
 

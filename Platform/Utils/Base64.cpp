@@ -14,8 +14,8 @@ constexpr std::array<std::uint8_t, 256> makeDigitValues()
 {
     constexpr const char* Alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::array<std::uint8_t, 256> values{};
-    for (std::size_t i = 0; i < values.size(); ++i)
-        values[i] = NoDigit;
+    for (std::uint8_t& value : values)
+        value = NoDigit;
     for (std::uint8_t i = 0; i < 64; ++i)
         values[static_cast<unsigned char>(Alphabet[i])] = i;
     return values;
