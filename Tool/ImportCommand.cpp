@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <iostream>
-#include <iterator>
 
 #include <boost/filesystem/path.hpp>
 
@@ -24,8 +23,7 @@ Filters::Package openPackage(const std::string& file)
 {
     if (file != StandardInput)
         return Filters::Package::openFile(file);
-    std::string bytes((std::istreambuf_iterator<char>(std::cin)), std::istreambuf_iterator<char>());
-    return Filters::Package::openBytes(std::move(bytes));
+    return Filters::Package::openStream(std::cin);
 }
 
 Filters::ImportOptions makeOptions(const ImportArguments& arguments, const MediaFolder& media)

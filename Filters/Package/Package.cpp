@@ -1,6 +1,10 @@
 #include <Filters/Package/Package.h>
 
+#include <cstddef>
+#include <ios>
 #include <utility>
+
+#include <fmt/format.h>
 
 #include <Filters/Package/Archive.h>
 #include <Filters/Package/ArchiveBytes.h>
@@ -8,6 +12,34 @@
 #include <Filters/Package/PartStream.h>
 
 namespace QV::Filters {
+namespace {
+
+std::string readStream(std::istream& in, std::uint64_t limit)
+{
+    using Kind = PackageError::Kind;
+    constexpr std::size_t BlockSize = std::size_t{1} << 20;
+    std::string bytes;
+    try {
+        std::size_t count = BlockSize;
+        while (count == BlockSize && bytes.size() <= limit) {
+            const std::size_t size = bytes.size();
+            bytes.resize(size + BlockSize);
+            in.read(&bytes[size], static_cast<std::streamsize>(BlockSize));
+            count = static_cast<std::size_t>(in.gcount());
+            bytes.resize(size + count);
+        }
+    } catch (const std::ios_base::failure&) { // a stream's buffer may throw whatever the stream's mask says
+        throw PackageError(Kind::NotAPackage, "cannot be read");
+    }
+    if (in.bad())
+        throw PackageError(Kind::NotAPackage, "cannot be read");
+    if (bytes.size() > limit)
+        throw PackageError(Kind::LimitExceeded,
+            fmt::format("holds more than {} bytes, the limit for a package that comes from a stream", limit));
+    return bytes;
+}
+
+} // namespace
 
 Package::Package(std::shared_ptr<Archive> archive)
     : _archive(std::move(archive))
@@ -26,6 +58,11 @@ Package Package::openFile(const std::string& path, const PackageLimits& limits)
 Package Package::openBytes(std::string bytes, const PackageLimits& limits)
 {
     return Package(std::make_shared<Archive>(std::make_unique<ArchiveBytes>(std::move(bytes)), limits));
+}
+
+Package Package::openStream(std::istream& in, const PackageLimits& limits)
+{
+    return openBytes(readStream(in, limits.streamBytes), limits);
 }
 
 std::unique_ptr<std::istream> Package::openPart(const std::string& name)

@@ -40,6 +40,11 @@ public:
     /// As openFile, with the archive in memory.
     static Package openBytes(std::string bytes, const PackageLimits& limits = {});
 
+    /// As openBytes, with what @p in holds up to its end. Throws PackageError also:
+    ///     - LimitExceeded: more than @p limits.streamBytes
+    ///     - NotAPackage: the stream fails
+    static Package openStream(std::istream& in, const PackageLimits& limits = {});
+
     Package(Package&& other) noexcept;
     Package& operator=(Package&& other) noexcept;
     ~Package();

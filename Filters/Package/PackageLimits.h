@@ -16,6 +16,7 @@ namespace QV::Filters {
 /// | `treeBytes`      | 64 MiB  | one part that is read as a tree, which takes some 40 times its size     |
 /// | `ratio`          | 100     | honest XML stays below; deflate reaches 1,000 on purpose-made input     |
 /// | `ratioFreeBytes` | 64 MiB  | small repetitive parts pass the ratio honestly, and cost nothing        |
+/// | `streamBytes`    | 1 GiB   | a package from a stream, such as standard input, is held in memory      |
 ///
 /// A limit is the last value that passes.
 struct PackageLimits
@@ -32,6 +33,9 @@ struct PackageLimits
 
     /// The ratio is looked at only where more bytes than these were unpacked.
     std::uint64_t ratioFreeBytes = std::uint64_t{64} << 20;
+
+    /// What a stream may hold that a package is read from.
+    std::uint64_t streamBytes = std::uint64_t{1} << 30;
 };
 
 } // namespace QV::Filters

@@ -116,6 +116,9 @@ class Input(Case):
         self.assertEqual(self.model_of("-", stdin=self.orders.read_bytes()), self.model_of(self.orders))
         self.expect(1, "import", "-", "--model", "-", stdin=b"")
         self.expect(1, "import", "-", "--model", "-", stdin=self.orders.read_bytes()[:3000])
+        closed = run(["sh", "-c", f'exec "{PROGRAM}" import - <&-'], timeout=60 * allowance(PROGRAM).time)
+        self.assertEqual((closed.status, closed.stdout), (1, b""))
+        self.assertEqual(closed.error_lines(), ["qvfilter: standard input: cannot be read"])
 
     def test_name_of_the_file_does_not_matter(self):
         model = self.model_of(self.orders)

@@ -1,8 +1,13 @@
 #include <Filters/Package/PackageLimits.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <ios>
+#include <istream>
 #include <ostream>
+#include <sstream>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -208,6 +213,71 @@ TEST(Limits, ReadingForEverEnds)
         readPart(package, "a");
     expectRefusal([&] { readPart(package, "a"); }, Kind::LimitExceeded, "a",
         "part \"a\" is read once too often: 4000 bytes were inflated in all; the limit is 3000");
+}
+
+TEST(Limits, BoundAStream)
+{
+    const std::string zip = makeZip({
+        {"a", makeNoise(1000)}
+    });
+    PackageLimits limits;
+    limits.streamBytes = zip.size();
+    std::istringstream whole(zip);
+    Package package = Package::openStream(whole, limits);
+    EXPECT_EQ(readPart(package, "a"), makeNoise(1000));
+
+    limits.streamBytes = zip.size() - 1;
+    std::istringstream longer(zip);
+    expectRefusal([&] { Package::openStream(longer, limits); }, Kind::LimitExceeded, "",
+        "holds more than " + std::to_string(zip.size() - 1) +
+            " bytes, the limit for a package that comes from a stream");
+}
+
+/// Zeros without end, and a count of those that were taken.
+class EndlessBuffer : public std::streambuf
+{
+public:
+    std::size_t getCount() const { return _count; }
+
+protected:
+    std::streamsize xsgetn(char* target, std::streamsize size) override
+    {
+        std::fill_n(target, size, '\0');
+        _count += static_cast<std::size_t>(size);
+        return size;
+    }
+
+private:
+    std::size_t _count = 0;
+};
+
+TEST(Limits, EndAnEndlessStream)
+{
+    PackageLimits limits;
+    limits.streamBytes = 5'000'000;
+    EndlessBuffer buffer;
+    std::istream endless(&buffer);
+    const auto refusal = findRefusal([&] { Package::openStream(endless, limits); });
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(refusal->kind, Kind::LimitExceeded);
+    EXPECT_LE(buffer.getCount(), 7'000'000U);
+}
+
+/// Fails as the buffer of a file does that cannot be read.
+class FailingBuffer : public std::streambuf
+{
+protected:
+    int_type underflow() override { throw std::ios_base::failure("broken"); }
+};
+
+TEST(Limits, StreamThatFailsIsNoPackage)
+{
+    FailingBuffer buffer;
+    std::istream failing(&buffer);
+    expectRefusal([&] { Package::openStream(failing); }, Kind::NotAPackage, "", "cannot be read");
+    std::istream throwing(&buffer);
+    throwing.exceptions(std::ios::badbit);
+    expectRefusal([&] { Package::openStream(throwing); }, Kind::NotAPackage, "", "cannot be read");
 }
 
 } // namespace
