@@ -1,6 +1,7 @@
 #include <Filters/Package/FilterRun.h>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include <FilterUtils/FU_Errors.h>
@@ -75,17 +76,39 @@ void appendOnce(std::vector<std::string>& texts, const std::string& text)
 
 } // namespace
 
+class TextInputStream final : public InputStream
+{
+public:
+    explicit TextInputStream(const std::string& text)
+        : _text(text)
+    {
+    }
+
+    std::size_t read(char* buffer, std::size_t count, int) override
+    {
+        const std::size_t size = _text.copy(buffer, count, _position);
+        _position += size;
+        return size;
+    }
+
+private:
+    const std::string _text;
+    std::size_t _position = 0;
+};
+
 /// Keeps account of what a storage takes. Without a folder there is no storage: names are drawn just the
-/// same, so that a model does not depend on where its pictures went, and the bytes are only counted.
+/// same, so that a model does not depend on where its pictures went, and the bytes stay in memory while there
+/// is room for them.
 class FilterRun::RecordingMediaStorage final : public FilterUtils::MediaStorage
 {
 public:
-    RecordingMediaStorage(const std::string& folder, std::shared_ptr<IDGenerator> ids)
+    RecordingMediaStorage(const ImportOptions& options, std::shared_ptr<IDGenerator> ids)
         : _ids(ids)
+        , _memory(options.mediaMemory)
     {
-        if (!folder.empty())
+        if (!options.mediaFolder.empty())
             _storage = std::make_unique<FilterUtils::LocalFSMediaStorage>(
-                folder, std::make_unique<BorrowedIds>(std::move(ids)));
+                options.mediaFolder, std::make_unique<BorrowedIds>(std::move(ids)));
     }
 
     std::string saveExternalURL(const std::string& url) override
@@ -100,14 +123,17 @@ public:
 
     std::shared_ptr<InputStream> openMediaForReading(const std::string& id) override
     {
-        return _storage ? _storage->openMediaForReading(id) : nullptr;
+        if (_storage)
+            return _storage->openMediaForReading(id);
+        const auto kept = _kept.find(id);
+        return kept != _kept.end() ? std::make_shared<TextInputStream>(kept->second) : nullptr;
     }
 
     std::string saveMediaFromStream(std::shared_ptr<InputStream> stream, const std::string& mimeType) override
     {
         const auto counting = std::make_shared<CountingInputStream>(std::move(stream));
         const std::string id =
-            _storage ? _storage->saveMediaFromStream(counting, mimeType) : drop(*counting, mimeType);
+            _storage ? _storage->saveMediaFromStream(counting, mimeType) : keep(*counting, mimeType);
         if (!id.empty())
             _items.push_back({id, mimeType, counting->getBytes()});
         return id;
@@ -116,24 +142,35 @@ public:
     const std::vector<MediaItem>& getItems() const { return _items; }
 
 private:
-    std::string drop(InputStream& stream, const std::string& mimeType)
+    std::string keep(InputStream& stream, const std::string& mimeType)
     {
         _ids->generateId(); // a storage draws two ids for each stream
         std::string name = _ids->generateId();
         if (const auto extension = getFileExtensionByMIMEType(mimeType))
             name += "." + *extension;
+        std::string bytes;
+        bool hasRoom = true;
         try {
             char buffer[4096];
-            while (stream.read(buffer, sizeof(buffer), 0) > 0) {
+            while (const std::size_t size = stream.read(buffer, sizeof(buffer), 0)) {
+                hasRoom = hasRoom && size <= _memory - bytes.size();
+                if (hasRoom)
+                    bytes.append(buffer, size);
             }
         } catch (const BaseRuntimeError&) { // a storage could not keep it either
             return {};
+        }
+        if (hasRoom) {
+            _memory -= bytes.size();
+            _kept.emplace(name, std::move(bytes));
         }
         return name;
     }
 
     std::shared_ptr<IDGenerator> _ids;
     std::unique_ptr<FilterUtils::LocalFSMediaStorage> _storage;
+    std::size_t _memory; // that is left
+    std::map<std::string, std::string> _kept;
     std::vector<MediaItem> _items;
 };
 
@@ -144,7 +181,7 @@ FilterRun::FilterRun(ImportOptions options)
         _ids = std::make_shared<SequentialIds>();
     else
         _ids = std::make_shared<RandomIds>();
-    _mediaStorage = std::make_unique<RecordingMediaStorage>(_options.mediaFolder, _ids);
+    _mediaStorage = std::make_unique<RecordingMediaStorage>(_options, _ids);
 }
 
 FilterRun::~FilterRun() = default;

@@ -19,10 +19,11 @@ namespace QV::Filters {
 /// How one document is read. The defaults read a document whose pictures are looked at, but kept nowhere.
 struct ImportOptions
 {
-    std::string mediaFolder;       ///< where pictures are kept; empty: they are counted and dropped
+    std::string mediaFolder;       ///< where pictures are kept; empty: in memory, or nowhere
     std::string documentFolder;    ///< where the document lies; empty where it has no place (standard input)
     bool areIdsSequential = false; ///< generated ids are id1, id2, ... instead of UUIDs
     bool followsLinks = false;     ///< linked pictures beside the document are read
+    std::size_t mediaMemory = 0;   ///< bytes of pictures to keep where there is no folder
 };
 
 /// One picture or other file that a document brought along.

@@ -1,0 +1,23 @@
+#pragma once
+
+/// @file
+/// Text from strangers on its way into a page.
+
+#include <string>
+
+#include <Filters/Package/Export.h>
+
+namespace QV::Filters {
+
+/// Makes a text fit for an element's content or a quoted attribute: markup characters become references, and
+/// what HTML does not allow (control characters, bytes that are no UTF-8) becomes U+FFFD.
+FILTERS_API std::string escapeHtml(const std::string& text);
+
+/// Whether a page may link to @p url: http, https and mailto, in any letter case, and nothing else. Blanks
+/// and control characters, which browsers drop from a URL, do not hide another scheme.
+FILTERS_API bool isSafeLink(const std::string& url);
+
+/// A name as a quoted string of CSS, fit for a style sheet inside a page.
+FILTERS_API std::string quoteCss(const std::string& text);
+
+} // namespace QV::Filters
