@@ -1,5 +1,6 @@
 #include <Utils/Public/Base64.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -8,11 +9,11 @@
 namespace QV {
 namespace {
 
+constexpr const char* Alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr std::uint8_t NoDigit = 0xff;
 
 constexpr std::array<std::uint8_t, 256> makeDigitValues()
 {
-    constexpr const char* Alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::array<std::uint8_t, 256> values{};
     for (std::uint8_t& value : values)
         value = NoDigit;
@@ -64,6 +65,22 @@ std::string base64Decode(boost::string_ref text)
             throw std::invalid_argument("base64: bits are left over before the padding");
     }
     return bytes;
+}
+
+std::string base64Encode(boost::string_ref bytes)
+{
+    std::string text((bytes.size() + 2) / 3 * 4, '=');
+    std::size_t position = 0;
+    for (std::size_t begin = 0; begin < bytes.size(); begin += 3) {
+        const std::size_t count = std::min<std::size_t>(3, bytes.size() - begin);
+        std::uint32_t group = 0;
+        for (std::size_t i = 0; i < 3; ++i)
+            group = group << 8 | (i < count ? static_cast<unsigned char>(bytes[begin + i]) : 0U);
+        for (std::size_t i = 0; i <= count; ++i)
+            text[position + i] = Alphabet[group >> (18 - 6 * i) & 63];
+        position += 4;
+    }
+    return text;
 }
 
 } // namespace QV

@@ -21,4 +21,7 @@ namespace QV {
 /// Throws std::invalid_argument for any other text.
 UTILS_API std::string base64Decode(boost::string_ref text);
 
+/// The text that base64Decode takes back to @p bytes.
+UTILS_API std::string base64Encode(boost::string_ref bytes);
+
 } // namespace QV

@@ -59,10 +59,12 @@ class Base64Decode : public testing::TestWithParam<Base64Row>
 TEST_P(Base64Decode, KeepsRow)
 {
     const Base64Row& row = GetParam();
-    if (row.bytes)
+    if (row.bytes) {
         EXPECT_EQ(base64Decode(row.text), row.bytes);
-    else
+        EXPECT_EQ(base64Encode(row.bytes), row.text);
+    } else {
         EXPECT_THROW(base64Decode(row.text), std::invalid_argument);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, Base64Decode, testing::ValuesIn(Base64Rows),
@@ -91,6 +93,7 @@ TEST(Base64Decode, TurnsEncodedBytesBack)
         for (char& byte : bytes)
             byte = static_cast<char>(random());
         EXPECT_EQ(base64Decode(encode(bytes)), bytes);
+        EXPECT_EQ(base64Encode(bytes), encode(bytes));
     }
 }
 
