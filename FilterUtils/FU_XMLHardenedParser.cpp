@@ -286,9 +286,12 @@ void XMLHardenedParser::checkAttributes(const Attributes& attributes, std::size_
 {
     if (count > _options.attributes)
         breach(XMLOutcome::AttributeLimit, describeAttributeLimit(_options), _options.attributes, count);
+    if (_attributes.size() < count)
+        _attributes.resize(count);
     std::size_t declarations = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
+        _attributes[i] = &attribute;
         if (isNamespaceDeclaration(attribute))
             ++declarations;
         if (!attribute.getSpecified())

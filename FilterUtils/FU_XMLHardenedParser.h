@@ -84,6 +84,9 @@ protected:
 
     bool isNamespaceDeclaration(const xercesc::XMLAttr& attribute) const;
 
+    // Of the element that was entered last, which has more than @p index.
+    const xercesc::XMLAttr& getElementAttribute(std::size_t index) const { return *_attributes[index]; }
+
     // One element declares namespaces; the bounds of those in force are kept already.
     virtual void declareNamespaces(const Attributes& /*attributes*/, std::size_t /*count*/) {}
     virtual void forgetNamespaces() {}
@@ -127,8 +130,9 @@ private:
     boost::optional<std::uint64_t> _doctypeBegin; // in bytes, while a document type is read
     bool _hasRoot = false;                        // its start was met
     std::size_t _depth = 0;
-    std::size_t _namespaces = 0; // the sum of _scopes
-    std::vector<Scope> _scopes;  // elements that declare namespaces, the innermost last
+    std::size_t _namespaces = 0;                      // the sum of _scopes
+    std::vector<Scope> _scopes;                       // elements that declare namespaces, the innermost last
+    std::vector<const xercesc::XMLAttr*> _attributes; // of the last element, which may have fewer
     std::size_t _entityCharacters = 0;
     XMLOutcome _errorOutcome = XMLOutcome::Malformed; // of the error that is under way
 };

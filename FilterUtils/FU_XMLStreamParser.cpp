@@ -26,10 +26,16 @@ std::u16string_view view(const XMLCh* text)
     return text ? std::u16string_view(text) : std::u16string_view();
 }
 
+// Names of attributes are short, and most differ in their first character: no call to a comparison of memory,
+// which needs the length first, is worth its while.
 bool equals(const XMLCh* text, const std::u16string& other)
 {
-    // Most names differ in their first character.
-    return *text == other[0] && other == text;
+    for (const char16_t expected : other) {
+        if (*text != expected || *text == 0)
+            return false;
+        ++text;
+    }
+    return *text == 0;
 }
 
 } // namespace
@@ -121,7 +127,7 @@ boost::optional<std::u16string_view> XMLStreamParser::findAttribute(int id) cons
     const unsigned int noNamespace = getScanner()->getEmptyNamespaceId();
     for (const XMLVocabulary::Spelling& spelling : _vocabulary.getSpellings(id))
         for (std::size_t i = 0; i < _attributeCount; ++i) {
-            const xercesc::XMLAttr& attribute = *_attributes->elementAt(i);
+            const xercesc::XMLAttr& attribute = getElementAttribute(i);
             if (!equals(attribute.getName(), spelling.localName))
                 continue;
             const unsigned int uriId = attribute.getURIId();
@@ -134,7 +140,7 @@ boost::optional<std::u16string_view> XMLStreamParser::findAttribute(int id) cons
 
 XMLStreamStart::Attribute XMLStreamParser::getAttribute(std::size_t index) const
 {
-    const xercesc::XMLAttr& attribute = *_attributes->elementAt(index);
+    const xercesc::XMLAttr& attribute = getElementAttribute(index);
     return {view(getScanner()->getURIText(attribute.getURIId())), view(attribute.getName()),
         view(attribute.getValue())};
 }
@@ -219,7 +225,6 @@ void XMLStreamParser::startElement(const xercesc::XMLElementDecl& declaration, u
     }
     if (_skipDepth == 0) {
         _frames.push_back({&resolveName(declaration, uriId), _text.size(), false});
-        _attributes = &attributes;
         _attributeCount = attributeCount;
         switch (callHandler([this] { return _handler.onStart(XMLStreamStart(*this)); })) {
         case XMLStep::Enter:

@@ -131,8 +131,7 @@ private:
 
     std::vector<Frame> _frames; // the elements that were entered, and the one that is skipped or built
     std::vector<Binding> _bindings;
-    const Attributes* _attributes = nullptr; // of the element that starts
-    std::size_t _attributeCount = 0;
+    std::size_t _attributeCount = 0; // of the element that starts
 
     std::u16string _text;            // of the outermost element that gathers, so far
     std::size_t _gatheringCount = 0; // frames that gather

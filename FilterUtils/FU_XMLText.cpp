@@ -1,6 +1,7 @@
 #include <FilterUtils/FU_XMLText.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -28,12 +29,19 @@ bool isLowSurrogate(char32_t unit)
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-void appendAscii(std::string& result, std::u16string_view text)
+// Moves the ASCII at the front of the text to the result. By way of a small block: most texts are short, and
+// making room in the result before its bytes are known would fill it twice.
+void takeAscii(std::string& result, std::u16string_view& text)
 {
-    const std::size_t sizeBefore = result.size();
-    result.resize(sizeBefore + text.size());
-    std::transform(text.begin(), text.end(), result.begin() + static_cast<std::ptrdiff_t>(sizeBefore),
-        [](char16_t unit) { return static_cast<char>(unit); });
+    std::array<char, 64> block;
+    std::size_t size = 0;
+    do {
+        const std::size_t wanted = std::min(text.size(), block.size());
+        for (size = 0; size < wanted && isAscii(text[size]); ++size)
+            block[size] = static_cast<char>(text[size]);
+        result.append(block.data(), size);
+        text.remove_prefix(size);
+    } while (size == block.size());
 }
 
 void appendCodePoint(std::string& result, char32_t character)
@@ -128,10 +136,7 @@ char16_t* takeAscii(char16_t* result, boost::string_ref& text)
 void appendUtf8(std::string& result, std::u16string_view text)
 {
     while (!text.empty()) {
-        const auto asciiSize =
-            static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isAscii) - text.begin());
-        appendAscii(result, text.substr(0, asciiSize));
-        text.remove_prefix(asciiSize);
+        takeAscii(result, text);
         while (!text.empty() && !isAscii(text.front()))
             appendCodePoint(result, takeCodePoint(text));
     }
