@@ -1,6 +1,7 @@
 #include <Filters/Spreadsheet/CellReferences.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 
 namespace QV::Filters {
@@ -50,16 +51,16 @@ private:
     unsigned long readNumber(DigitOf digitOf, unsigned bias = 0)
     {
         unsigned long number = 0;
-        bool fits = true;
-        for (; !_text.empty(); _text.remove_prefix(1)) {
-            const unsigned digit = digitOf(_text.front());
+        std::size_t size = 0;
+        for (; size < _text.size(); ++size) {
+            const unsigned digit = digitOf(_text[size]);
             if (digit == 0)
                 break;
-            number = number * Base + digit - bias;
-            fits = fits && number <= MaxNumber;
-            number = std::min(number, MaxNumber);
+            if (number <= MaxNumber)
+                number = number * Base + digit - bias;
         }
-        return fits ? number : 0;
+        _text.remove_prefix(size);
+        return number <= MaxNumber ? number : 0;
     }
 
     std::u16string_view _text;

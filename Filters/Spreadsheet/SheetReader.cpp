@@ -71,7 +71,7 @@ public:
         case Words::Value:
             return XMLStep::EnterText;
         case Words::Formula:
-            _run.leaveOut(LeftOut::Formulas);
+            noteFormula();
             return XMLStep::Skip;
         case Words::Row:
             startRow(element);
@@ -178,6 +178,13 @@ private:
         return text && (*text == u"1" || *text == u"true" || *text == u"on");
     }
 
+    void noteFormula()
+    {
+        if (!_hasFormulas) // a sheet may have very many
+            _run.leaveOut(LeftOut::Formulas);
+        _hasFormulas = true;
+    }
+
     void readSheetFormat(const XMLStreamStart& element)
     {
         const auto height =
@@ -251,6 +258,7 @@ private:
     StringItems _strings;
     SheetReferences _references;
     bool _isWorksheet = false;
+    bool _hasFormulas = false;
 };
 
 } // namespace
