@@ -33,7 +33,7 @@ public:
     XMLFlow onEnd(const FilterUtils::XMLStreamEnd& element) override
     {
         if (element.getId() == Words::StringItem)
-            _strings.push_back(_items.endItem());
+            _strings.emplace_back(_items.endItem());
         else
             _items.onEnd(element);
         return XMLFlow::Continue;
@@ -45,16 +45,16 @@ public:
         return XMLFlow::Continue;
     }
 
-    std::vector<DOM::SharedCellText> takeStrings() { return std::move(_strings); }
+    std::vector<DOM::CellTextStock> takeStrings() { return std::move(_strings); }
 
 private:
     StringItems _items;
-    std::vector<DOM::SharedCellText> _strings;
+    std::vector<DOM::CellTextStock> _strings;
 };
 
 } // namespace
 
-std::vector<DOM::SharedCellText> readSharedStrings(
+std::vector<DOM::CellTextStock> readSharedStrings(
     Package& package, const std::string& part, const Colors& colors, FilterRun& run)
 {
     SharedStringsHandler handler(colors, run);

@@ -14,7 +14,7 @@ class Package;
 
 /// Reads the strings that cells refer to by number, as a stream. A part that is broken is reported, and gives
 /// the strings before the damage.
-FILTERS_API std::vector<DOM::SharedCellText> readSharedStrings(
+FILTERS_API std::vector<DOM::CellTextStock> readSharedStrings(
     Package& package, const std::string& part, const Colors& colors, FilterRun& run);
 
 } // namespace QV::Filters

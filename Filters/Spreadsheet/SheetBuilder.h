@@ -30,7 +30,7 @@ class CellFormats;
 struct WorkbookContext
 {
     const CellFormats& formats;
-    const std::vector<DOM::SharedCellText>& sharedStrings;
+    std::vector<DOM::CellTextStock>& sharedStrings;
     DateSystem dateSystem;
     int maxDigitWidth; ///< pixels; see getMaxDigitWidth
 };

@@ -158,7 +158,7 @@ private:
     std::unique_ptr<Relationships> _relationships; // of the workbook
     Colors _colors;
     CellFormats _formats;
-    std::vector<DOM::SharedCellText> _strings;
+    std::vector<DOM::CellTextStock> _strings;
     std::set<std::string> _sheetParts; // that were read
     DrawingPictures _pictures{_package, _run};
 };

@@ -61,6 +61,14 @@ void Cell::setText(const SharedCellText& text)
     holdText(Kind::Text, text);
 }
 
+void Cell::setText(CellTextStock& stock)
+{
+    const CellText* const text = stock.take();
+    setEmpty();
+    _value.text = text;
+    _kind = Kind::Text;
+}
+
 void Cell::setError(const SharedCellText& text)
 {
     holdText(Kind::Error, text);

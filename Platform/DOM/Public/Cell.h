@@ -73,6 +73,7 @@ public:
     void setBoolean(bool boolean);
     /// @param text not null
     void setText(const SharedCellText& text);
+    void setText(CellTextStock& stock);
     void setError(const SharedCellText& text);
 
     /// The text blocks of a text cell, no blocks for an empty one; nothing for a number, boolean or error.

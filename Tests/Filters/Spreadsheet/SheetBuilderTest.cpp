@@ -28,6 +28,14 @@ protected:
         builder.endCell();
     }
 
+    static std::vector<DOM::CellTextStock> makeStrings()
+    {
+        std::vector<DOM::CellTextStock> made;
+        made.emplace_back(DOM::makePlainCellText("zero"));
+        made.emplace_back(DOM::makePlainCellText("one"));
+        return made;
+    }
+
     const DOM::Cell* findCell(unsigned long row, unsigned long column) const
     {
         return table.findCell(RowIndex(row), ColumnIndex(column));
@@ -42,7 +50,7 @@ protected:
     }
 
     CellFormats formats;
-    std::vector<DOM::SharedCellText> strings{DOM::makePlainCellText("zero"), DOM::makePlainCellText("one")};
+    std::vector<DOM::CellTextStock> strings = makeStrings();
     WorkbookContext workbook{formats, strings, DateSystem::From1900, 7};
     DOM::Table table;
     OperationReport report;
@@ -61,7 +69,7 @@ TEST_F(SheetBuilderTest, ReadsEachTypeOfCell)
     addCell(u"G1", CellType::Number, " 7\n");
     builder.finish();
     EXPECT_EQ(findCell(0, 0)->getNumber(), 1500);
-    EXPECT_EQ(findCell(0, 1)->getText(), strings[1].get());
+    EXPECT_EQ(findCell(0, 1)->getText(), strings[1].getText().get());
     EXPECT_TRUE(findCell(0, 2)->getBoolean());
     EXPECT_EQ(findCell(0, 3)->getKind(), DOM::Cell::Kind::Error);
     EXPECT_EQ(findCell(0, 3)->getText()->getPlainText(), "#DIV/0!");

@@ -66,6 +66,28 @@ TEST(Cell, SharesTextAndLetsItGo)
     EXPECT_EQ(text->use_count(), 1U);
 }
 
+TEST(Cell, TextsFromAStockAreCountedOnceForEachCell)
+{
+    constexpr unsigned Count = 10'000; // more than are counted ahead at once
+    const SharedCellText text = makePlainCellText("stocked");
+    {
+        std::vector<Cell> cells(Count);
+        {
+            std::vector<CellTextStock> stocks;
+            stocks.emplace_back(text);
+            for (Cell& cell : cells)
+                cell.setText(stocks[0]);
+            cells[0].setText(stocks[0]); // once more into the same cell
+            stocks.emplace_back(text);   // moves the first one
+            cells[1].setText(stocks[0]);
+            EXPECT_GE(text->use_count(), 1 + Count + 2);
+        }
+        EXPECT_EQ(cells.back().getText(), text.get());
+        EXPECT_EQ(text->use_count(), 1 + Count);
+    }
+    EXPECT_EQ(text->use_count(), 1U);
+}
+
 TEST(Cell, NullTextFailsAndLeavesTheCellEmpty)
 {
     const Tests::RecordedAssertions assertions;
