@@ -211,6 +211,24 @@ TEST(StringToDouble, AgreesWithTheGrammarOnEveryShortText)
         }
 }
 
+TEST(StringToDouble, AgreesWithTheCLibraryOnRandomPrices)
+{
+    std::mt19937 random(2);
+    const auto below = [&random](unsigned limit) { return static_cast<unsigned>(random() % limit); };
+    for (int i = 0; i < 200000; ++i) {
+        std::string text = below(2) ? "-" : "";
+        const unsigned size = 1 + below(18); // on both sides of what one division can do
+        for (unsigned digits = size; digits > 0; --digits)
+            text += static_cast<char>('0' + below(10));
+        if (below(4) > 0)
+            text.insert(text.size() - below(size), ".");
+        const auto value = stringToDouble(text);
+        ASSERT_TRUE(value.has_value()) << text;
+        ASSERT_EQ(*value, std::strtod(text.c_str(), nullptr)) << text;
+        ASSERT_EQ(std::signbit(*value), text[0] == '-') << text;
+    }
+}
+
 TEST(StringToDouble, AgreesWithTheCLibraryOnRandomNumbers)
 {
     std::mt19937 random(1);
