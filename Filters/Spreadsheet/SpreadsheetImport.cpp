@@ -23,7 +23,9 @@
 #include <Filters/Spreadsheet/LeftOut.h>
 #include <Filters/Spreadsheet/SharedStrings.h>
 #include <Filters/Spreadsheet/SheetBuilder.h>
+#include <Filters/Spreadsheet/SheetLinks.h>
 #include <Filters/Spreadsheet/SheetReader.h>
+#include <Filters/Spreadsheet/TableParts.h>
 #include <Filters/Spreadsheet/Workbook.h>
 #include <Utils/Public/OperationReport.h>
 
@@ -143,6 +145,8 @@ private:
             else if (relationship.isType("pivotTable"))
                 _run.leaveOut(LeftOut::PivotTables);
         }
+        applyLinks(references.links, relationships, table, _run);
+        readTableParts(references.tableIds, relationships, table);
         if (references.drawingId.empty())
             return;
         const Relationship* const drawing = relationships.findById(references.drawingId);
@@ -153,6 +157,18 @@ private:
                 "Drawing {} of sheet {} is missing", references.drawingId, table.getName());
     }
 
+    void readTableParts(
+        const std::vector<std::string>& ids, const Relationships& relationships, DOM::Table& table)
+    {
+        for (const std::string& id : ids) {
+            const Relationship* const part = relationships.findById(id);
+            if (!part || part->isExternal)
+                _run.getReport().emplace_back("Table {} of sheet {} is missing", id, table.getName());
+            else if (_tableParts.insert(part->target).second)
+                readTablePart(readXml(_package, part->target, _run.getReport()), table, _run.getReport());
+        }
+    }
+
     Package& _package;
     FilterRun& _run;
     std::unique_ptr<Relationships> _relationships; // of the workbook
@@ -160,6 +176,7 @@ private:
     CellFormats _formats;
     std::vector<DOM::SharedCellText> _strings;
     std::set<std::string> _sheetParts; // that were read
+    std::set<std::string> _tableParts; // likewise
     DrawingPictures _pictures{_package, _run};
 };
 

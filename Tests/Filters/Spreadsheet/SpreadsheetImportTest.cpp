@@ -292,13 +292,14 @@ TEST_F(SpreadsheetImport, DoctypeInAnyPartThatIsReadIsRefused)
 
 TEST_F(SpreadsheetImport, WhatIsNotReadIsSaidOnce)
 {
-    builder.sheet = "<sheetData><row><c><f>1+1</f><v>2</v></c><c><f>A1</f><v>2</v></c></row></sheetData>"
-                    "<autoFilter ref='A1:B2'/><conditionalFormatting/><conditionalFormatting/><hyperlinks/>";
+    builder.sheet =
+        "<sheetData><row><c><f>1+1</f><v>2</v></c><c><f>A1</f><v>2</v></c></row></sheetData>"
+        "<autoFilter ref='A1:B2'/><conditionalFormatting/><conditionalFormatting/><dataValidations/>";
     builder.workbookHead = "<definedNames/>";
     import();
     EXPECT_EQ(getCell(0, 0).getNumber(), 2) << "the stored value of a formula is kept";
     EXPECT_THAT(run->getLeftOut(), ElementsAre("defined names", "formulas (their stored values were read)",
-                                       "filters and sorting", "conditional formats", "hyperlinks"));
+                                       "filters and sorting", "conditional formats", "data validations"));
     EXPECT_EQ(run->getReport().getMessages().size(), run->getLeftOut().size());
 }
 
