@@ -11,6 +11,7 @@ import re
 from collections import namedtuple
 
 from compare_dimensions import compare_dimensions
+from compare_formats import compare_formats, explain_format
 from sheet_reader import MAX_COLUMNS, MAX_ROWS, column_letters, decode, place, reference
 
 Difference = namedtuple("Difference", "sheet category detail")
@@ -55,7 +56,8 @@ def _compare_table(table, folder, sheet, left_out):
         least, most = max([at[index] for at in valued], default=0), max(named, 1)
         if not least <= table[key] <= most:
             yield key, f"expected {least} to {most}, got {table[key]}"
-    yield from _compare_cells(table["cells"], sheet.cells)
+    yield from _compare_cells(table["cells"], sheet)
+    yield from compare_formats({place(cell["ref"]): cell for cell in table["cells"]}, sheet)
     if not any(kind.startswith("formulas") for kind in left_out):
         yield from _compare_formulas(table["cells"], sheet.cells)
     merges = list(_merges_within(table, sheet.merges))
@@ -89,15 +91,16 @@ def _digest(path):
     return hashlib.sha256(path.read_bytes()).hexdigest() if path.is_file() else f"no file {path.name}"
 
 
-def _compare_cells(cells, expected):
-    got, last = {}, (0, 0)
+def _compare_cells(cells, sheet):
+    got, last, expected = {}, (0, 0), sheet.cells
     for cell in cells:
         at = place(cell["ref"])
         if at <= last:
             yield "order", f"{cell['ref']} after {reference(last)}"
         got[at], last = cell, at
     for at, cell in got.items():
-        if at not in expected:
+        if at not in expected and not any(
+                first[0] <= at[0] <= end[0] and first[1] <= at[1] <= end[1] for first, end, _ in sheet.links):
             yield "invented", f"{cell}"
     for at, cell in expected.items():
         yield from _compare_cell(at, got.get(at, {}), cell)
@@ -182,6 +185,7 @@ class OpenpyxlRules:
                 yield "openpyxl value", f"{reference(at)}: read {cell.kind} {cell.value!r}"
             else:
                 self._count(rule)
+        yield from self._compare_formats(sheet, other, merged)
         for at in theirs:
             yield "openpyxl cell", f"{column_letters(at[1])}{at[0]}: {theirs[at].value!r}"
         ranges = {((r.min_row, r.min_col), (r.max_row, r.max_col)) for r in other.merged_cells.ranges}
@@ -192,6 +196,19 @@ class OpenpyxlRules:
         ours = [hashlib.sha256(picture.content).hexdigest() for picture in sheet.pictures]
         if sorted(images) != sorted(ours):
             yield "openpyxl pictures", f"expected {len(ours)}, got {len(images)}"
+
+    def _compare_formats(self, sheet, other, merged):
+        covered = {(row, column) for first, last in merged if (last[0] - first[0] + 1) * (last[1] - first[1] + 1) < 100000
+                   for row in range(first[0], last[0] + 1) for column in range(first[1], last[1] + 1)}
+        for at in sheet.cells:
+            theirs = other._cells.get(at)  # pylint: disable=protected-access
+            if theirs is None or type(theirs).__name__ == "MergedCell":
+                continue
+            rule, detail = explain_format(at, sheet, theirs, at in covered)
+            if rule is None:
+                yield "openpyxl format", f"{reference(at)}: {detail}"
+            else:
+                self._count(rule)
 
     def _count(self, rule):
         self.counts[rule] = self.counts.get(rule, 0) + 1

@@ -13,15 +13,31 @@ import pathlib
 import sys
 
 from compare_dimensions import points_of_width
+from sheet_formats import LINES
 from sheet_reader import Unreadable, WorkbookReader, reference
 
 
-def cell_model(at, cell):
+def format_model(formats, entry):
+    """Borders and font; the font of the first format is written out too."""
+    model, font = {}, formats.font(entry)
+    for side, line in formats.border(entry).items():
+        width, style = LINES[line.kind]
+        color = {} if line.rgb is None else {"color": line.rgb or "000000"}
+        model.setdefault("borders", {})[side] = {"width": width, **color, "style": style}
+    if font is not None:
+        model.update(bold=font.bold, italic=font.italic)
+        model.update({} if font.size is None else {"fontSize": float(font.size)})
+        model.update({} if font.name is None else {"fontName": font.name})
+    return model
+
+
+def cell_model(at, cell, formats):
     model = {"ref": reference(at)}
     if cell.kind:
         model.update(type=cell.kind, value=cell.value)
     if cell.has_formula:
         model["formula"] = cell.formula
+    model.update(format_model(formats, cell.format))
     return model
 
 
@@ -48,7 +64,7 @@ def sheet_model(number, sheet, media):
         "id": f"id{number}", "name": sheet.name,
         "rows": max([at[0] for at in sheet.cells] + [1]), "columns": max([at[1] for at in sheet.cells] + [1]),
         "visible": sheet.visible, **sizes(sheet),
-        "cells": [cell_model(at, cell) for at, cell in sorted(sheet.cells.items())],
+        "cells": [cell_model(at, cell, sheet.formats) for at, cell in sorted(sheet.cells.items())],
         "merges": [f"{reference(first)}:{reference(last)}" for first, last in sheet.merges],
         "frames": frames,
     }
@@ -105,6 +121,39 @@ def formula_altered(model, _):
     cell["formula"] += "+1"
 
 
+def bordered(model, key="width"):
+    return next(line for table in model["tables"] for cell in table["cells"]
+                for line in cell.get("borders", {}).values() if key in line)
+
+
+def border_lost(model, _):
+    next(cell for cell in model["tables"][0]["cells"] if cell.pop("borders", None))
+
+
+def border_thicker(model, _):
+    bordered(model)["width"] += 0.75
+
+
+def border_dotted(model, _):
+    bordered(model)["style"] = "dotted"
+
+
+def border_recolored(model, _):
+    bordered(model, "color")["color"] = "123456"
+
+
+def bold_lost(model, _):
+    next(cell for cell in model["tables"][0]["cells"] if cell["bold"])["bold"] = False
+
+
+def font_enlarged(model, _):
+    model["tables"][0]["cells"][0]["fontSize"] += 0.5
+
+
+def font_renamed(model, _):
+    model["tables"][0]["cells"][0]["fontName"] += "x"
+
+
 def sheet_renamed(model, _):
     model["tables"][0]["name"] += "s"
 
@@ -157,7 +206,8 @@ def silence(_model, _media):
 
 DAMAGES = {function.__name__: function for function in (
     one_ulp, trailing_blank, number_as_text, boolean_flipped, error_as_text, cell_lost, cell_invented, cell_twice,
-    cells_unordered, formula_lost, formula_altered, sheet_renamed, sheets_swapped, sheet_shown, rows_short,
+    cells_unordered, formula_lost, formula_altered, border_lost, border_thicker, border_dotted, border_recolored,
+    bold_lost, font_enlarged, font_renamed, sheet_renamed, sheets_swapped, sheet_shown, rows_short,
     height_altered, width_altered, hidden_row_shown, merge_lost, merges_reordered, picture_lost, picture_altered,
     silence)}
 
