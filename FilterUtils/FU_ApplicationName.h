@@ -5,19 +5,15 @@
 
 #include <string>
 
-#include <fmt/format.h>
+#include <FilterUtils/FU_Export.h>
 
-#include <Versioning/Public/CoreVersion.h>
+namespace QV::Versioning {
+class CoreVersion;
+}
 
 namespace QV::FilterUtils {
 
-inline std::string makeApplicationFullNameAndVersion(
-    const std::string& name, const Versioning::CoreVersion& version)
-{
-    using Versioning::CoreVersion;
-    const bool isPermanent = version.isPermanent(CoreVersion::AllParts);
-    return fmt::format("{}-{}-{}/{}", "Quillbox", name, "Linux",
-        version.toString(isPermanent ? CoreVersion::AllParts : CoreVersion::Major));
-}
+FILTERUTILS_API std::string makeApplicationFullNameAndVersion(
+    const std::string& name, const Versioning::CoreVersion& version);
 
 } // namespace QV::FilterUtils

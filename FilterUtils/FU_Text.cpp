@@ -8,6 +8,7 @@
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/split.hpp>
 #include <boost/regex.hpp>
+#include <fmt/format.h>
 
 #include <DOM/Public/Hyperlink.h>
 #include <DOM/Public/TableNames.h>
@@ -58,6 +59,14 @@ std::string getRawImageData(boost::string_ref uri, std::string& mimeType)
 std::string joinHyperlink(const DOM::Hyperlink& link)
 {
     return link.getAnchor().empty() ? link.getURL() : link.getURL() + '#' + link.getAnchor();
+}
+
+std::string makeApplicationFullNameAndVersion(const std::string& name, const Versioning::CoreVersion& version)
+{
+    using Versioning::CoreVersion;
+    const bool isPermanent = version.isPermanent(CoreVersion::AllParts);
+    return fmt::format("{}-{}-{}/{}", "Quillbox", name, "Linux",
+        version.toString(isPermanent ? CoreVersion::AllParts : CoreVersion::Major));
 }
 
 std::string getApplicationFullNameAndVersion(const std::string& name)

@@ -5,6 +5,7 @@
 
 #include <boost/filesystem/fstream.hpp>
 
+#include <DOM/Public/Frame.h>
 #include <DOM/Public/GraphicalObject.h>
 #include <DOM/Public/Table.h>
 #include <FilterUtils/FU_Pictures.h>

@@ -103,6 +103,13 @@ RowIndex Table::getRowPropsEnd() const
     return RowIndex(last == _rows.rend() ? 0 : last->first + 1);
 }
 
+void Table::forEachRowProps(const std::function<void(RowIndex, const RowProps&)>& function) const
+{
+    for (const auto& row : _rows)
+        if (!row.second.getProps().isEmpty())
+            function(RowIndex(row.first), row.second.getProps());
+}
+
 ColumnProps Table::getColumnProps(ColumnIndex column) const
 {
     const auto next = _columns.upper_bound(column.get());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -13,7 +14,7 @@
 #include <DOM/Public/Cell.h>
 #include <DOM/Public/CellRow.h>
 #include <DOM/Public/Export.h>
-#include <DOM/Public/GraphicalObject.h>
+#include <DOM/Public/Frame.h>
 #include <DOM/Public/TableCellIterator.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 #include <Utils/Public/TableIndices/TableRange.h>
@@ -87,6 +88,8 @@ public:
     void setRowProps(RowIndex row, const RowProps& props);
     /// One past the last row that has properties of its own; 0 where none has.
     RowIndex getRowPropsEnd() const;
+    /// Calls @p function for each row that has properties of its own, in order.
+    void forEachRowProps(const std::function<void(RowIndex, const RowProps&)>& function) const;
     ColumnProps getColumnProps(ColumnIndex column) const;
     /// Gives columns [begin, end) their properties, in place of what they had.
     void setColumnsProps(const ColumnsSpan& columns, const ColumnProps& props);
