@@ -138,17 +138,13 @@ bool RoundedSums<T>::passBlock(T& value, std::size_t& index, std::size_t end, Si
     const auto units = static_cast<std::uint64_t>(std::ldexp(fraction, Digits));
     return passLongest(index, end, [&](std::size_t level, std::size_t block) {
         const std::uint64_t amount = table->levels[level][block][units % 2];
-        // Strictly within the range, so that each single step was rounded as the table has it.
+        // Strictly within the range, so that each single step was rounded as the table has it, and no size
+        // was greater than what remained.
         const bool isWithin = sign == Sign::Plus ? units + amount < 2 * Lowest : Lowest + amount < units;
-        if (!isWithin)
-            return false;
-        const T passed = std::ldexp(
-            static_cast<T>(sign == Sign::Plus ? units + amount : units - amount), exponent - Digits);
-        const T largest = static_cast<T>(_largest[level][block]);
-        const bool fits = sign == Sign::Plus ? std::isfinite(largest) : largest <= passed;
-        if (fits)
-            value = passed;
-        return fits;
+        if (isWithin)
+            value = std::ldexp(
+                static_cast<T>(sign == Sign::Plus ? units + amount : units - amount), exponent - Digits);
+        return isWithin;
     });
 }
 

@@ -8,6 +8,7 @@
 #include <DOM/Public/Table.h>
 #include <FilterUtils/FU_Colors.h>
 #include <FilterUtils/FU_TableIndices.h>
+#include <Filters/ModelJson/FramesJson.h>
 #include <Filters/ModelJson/JsonWriter.h>
 #include <Filters/Package/FilterRun.h>
 
@@ -113,24 +114,6 @@ void writeMerges(const DOM::Table& table, JsonWriter& json)
     json.endArray();
 }
 
-void writeFrames(const DOM::Table& table, JsonWriter& json)
-{
-    json.writeKey("frames");
-    json.beginArray();
-    for (const auto& frame : table.getFrames()) {
-        const auto* picture = dynamic_cast<const DOM::Picture*>(frame->getGraphicalObject());
-        if (!picture)
-            continue;
-        json.beginObject();
-        json.writeMember("kind", "picture");
-        json.writeMember("media", picture->getMediaId());
-        if (!picture->getMimeType().empty())
-            json.writeMember("mimeType", picture->getMimeType());
-        json.endObject();
-    }
-    json.endArray();
-}
-
 void writeTable(const DOM::Table& table, const std::string& id, JsonWriter& json)
 {
     json.beginObject();
@@ -142,7 +125,8 @@ void writeTable(const DOM::Table& table, const std::string& id, JsonWriter& json
     writeSizes(table, json);
     writeCells(table, json);
     writeMerges(table, json);
-    writeFrames(table, json);
+    json.writeKey("frames");
+    writeFramesJson(table, json);
     json.endObject();
 }
 

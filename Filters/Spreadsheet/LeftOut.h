@@ -6,7 +6,6 @@
 namespace QV::Filters::LeftOut {
 
 constexpr const char* AlternateSheets = "chart, dialog and macro sheets";
-constexpr const char* Anchors = "the places of drawings";
 constexpr const char* Borders = "borders";
 constexpr const char* Charts = "charts";
 constexpr const char* Comments = "comments";
@@ -14,6 +13,7 @@ constexpr const char* ConditionalFormats = "conditional formats";
 constexpr const char* DataConnections = "data connections";
 constexpr const char* DataValidations = "data validations";
 constexpr const char* DefinedNames = "defined names";
+constexpr const char* Diagrams = "diagrams and other graphics in frames";
 constexpr const char* EmbeddedObjects = "embedded objects and controls";
 constexpr const char* Filters = "filters and sorting";
 constexpr const char* Formulas = "formulas (their stored values were read)";
@@ -25,7 +25,6 @@ constexpr const char* PatternFills = "pattern and gradient fills";
 constexpr const char* PhoneticText = "phonetic text";
 constexpr const char* PivotTables = "pivot tables";
 constexpr const char* Protection = "protection";
-constexpr const char* Shapes = "shapes";
 constexpr const char* SheetBackgrounds = "background pictures of sheets";
 constexpr const char* Tables = "tables within sheets";
 

@@ -19,10 +19,11 @@
 #include <Filters/Spreadsheet/CellFormats.h>
 #include <Filters/Spreadsheet/Colors.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
-#include <Filters/Spreadsheet/DrawingPictures.h>
+#include <Filters/Spreadsheet/DrawingImport.h>
 #include <Filters/Spreadsheet/LeftOut.h>
 #include <Filters/Spreadsheet/SharedStrings.h>
 #include <Filters/Spreadsheet/SheetBuilder.h>
+#include <Filters/Spreadsheet/SheetNames.h>
 #include <Filters/Spreadsheet/SheetReader.h>
 #include <Filters/Spreadsheet/Workbook.h>
 #include <Utils/Public/OperationReport.h>
@@ -121,7 +122,7 @@ private:
             return;
         }
         auto table = std::make_unique<DOM::Table>();
-        table->setName(sheet.name);
+        table->setName(_sheetNames.makeName(sheet.name, _run.getReport()));
         table->setVisible(sheet.isVisible);
         const bool isInside = relationship && !relationship->isExternal;
         if (isInside && _sheetParts.insert(relationship->target).second)
@@ -147,7 +148,7 @@ private:
             return;
         const Relationship* const drawing = relationships.findById(references.drawingId);
         if (drawing && !drawing->isExternal)
-            _pictures.read(drawing->target, table);
+            _drawings.read(drawing->target, table);
         else
             _run.getReport().emplace_back(
                 "Drawing {} of sheet {} is missing", references.drawingId, table.getName());
@@ -160,7 +161,8 @@ private:
     CellFormats _formats;
     std::vector<DOM::SharedCellText> _strings;
     std::set<std::string> _sheetParts; // that were read
-    DrawingPictures _pictures{_package, _run};
+    SheetNames _sheetNames;
+    DrawingImporter _drawings{_package, _run, _colors};
 };
 
 } // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The names of sheets, shared strings and drawings that the readers of streams tell apart.
+/// The names of sheets and shared strings that the readers of streams tell apart.
 
 #include <string_view>
 
@@ -47,12 +47,6 @@ struct Words
         Run,
         RunProps,
         PhoneticRun,
-        // Drawings.
-        DrawnPicture,
-        Blip,
-        Shape,
-        Connector,
-        GraphicFrame,
         // Markup compatibility.
         AlternateContent,
         Choice,
@@ -61,10 +55,8 @@ struct Words
         BaseColumnWidth,
         DefaultColumnWidth,
         DefaultRowHeight,
-        Embed,
         Height,
         Hidden,
-        Link,
         Max,
         Min,
         Ref,

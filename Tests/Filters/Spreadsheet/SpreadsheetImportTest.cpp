@@ -8,6 +8,7 @@
 
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Paragraph.h>
+#include <DOM/Public/Shape.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
@@ -330,11 +331,21 @@ protected:
         return Tests::makeRelationship(id, Tests::TransitionalTypes + "image", target, more);
     }
 
+    static void addPictures(const DOM::Frame& frame, std::vector<std::string>& ids)
+    {
+        if (const auto* const picture = dynamic_cast<const DOM::Picture*>(frame.getGraphicalObject()))
+            ids.push_back(picture->getMediaId());
+        else
+            for (const DOM::Frame& child :
+                dynamic_cast<const DOM::Shape&>(*frame.getGraphicalObject()).getChildren())
+                addPictures(child, ids);
+    }
+
     std::vector<std::string> listPictures() const
     {
         std::vector<std::string> ids;
         for (const auto& frame : listTables().at(0)->getFrames())
-            ids.push_back(dynamic_cast<const DOM::Picture&>(*frame->getGraphicalObject()).getMediaId());
+            addPictures(*frame, ids);
         return ids;
     }
 };
