@@ -27,7 +27,7 @@ struct SheetRow
     unsigned long columns;
     unsigned long cells;
     std::size_t merges;
-    std::size_t pictures;
+    std::size_t drawings;
 };
 
 SheetRow makeSheetRow(const DOM::Table& table)
@@ -56,10 +56,10 @@ void writeSheets(const std::vector<SheetRow>& rows, std::ostream& out)
         return text + std::string(size < width ? width - size : 0, ' ');
     };
     out << fmt::format("  {}  state    {:>8} {:>8} {:>9} {:>7} {:>9}\n", pad("sheet"), "rows", "columns",
-        "cells", "merges", "pictures");
+        "cells", "merges", "drawings");
     for (const SheetRow& row : rows)
         out << fmt::format("  {}  {:<8} {:>8} {:>8} {:>9} {:>7} {:>9}\n", pad(row.name), row.state, row.rows,
-            row.columns, row.cells, row.merges, row.pictures);
+            row.columns, row.cells, row.merges, row.drawings);
 }
 
 /// Messages of one pattern.

@@ -3,6 +3,7 @@
 Each difference is (sheet, category, detail). Openpyxl's own habits are rules with a name; how often each one
 explains a cell is counted, so that a rule that hides too much shows.
 """
+import collections
 import datetime
 import hashlib
 import math
@@ -11,6 +12,7 @@ import re
 from collections import namedtuple
 
 from compare_dimensions import compare_dimensions
+from compare_drawings import compare_drawings
 from sheet_reader import MAX_COLUMNS, MAX_ROWS, column_letters, decode, place, reference
 
 Difference = namedtuple("Difference", "sheet category detail")
@@ -32,6 +34,8 @@ def compare_model(model, media_folder, report, sheets, default_font=("", "")):
     for table, sheet in zip(tables, sheets):
         found += [Difference(sheet.name, *rest) for rest in _compare_table(table, media_folder, sheet, report["leftOut"])]
         found += [Difference(sheet.name, *rest) for rest in compare_dimensions(table, sheet, default_font)]
+        found += [Difference(sheet.name, *rest) for rest in compare_drawings(
+            table, sheet, lambda drawn, stored=sheet.stored_blips: drawn.blip in stored)]
     bad = sum(cell.is_bad for sheet in sheets for cell in sheet.cells.values())
     bad += sum(sheet.refused_merges + sheet.bad_places for sheet in sheets)
     if len(report["messages"]) < min(bad, MESSAGES):
@@ -140,6 +144,19 @@ def normalised(formula):
     return "".join(piece if index % 2 else re.sub(r"\s+", "", piece).upper() for index, piece in enumerate(pieces))
 
 
+def _describe(anchor):
+    """An anchor of openpyxl as (type, column, offset, row, offset) or (type, x, y)."""
+    start = getattr(anchor, "_from", None)
+    if start is None:
+        return ("absolute", anchor.pos.x, anchor.pos.y)
+    kind = "twoCell" if hasattr(anchor, "to") else "oneCell"
+    return (kind, start.col, start.colOff, start.row, start.rowOff)
+
+
+def _describe_drawn(drawn):
+    return ("absolute", *drawn.point) if drawn.anchor == "absolute" else (drawn.anchor, *drawn.start)
+
+
 class OpenpyxlRules:
     """Compares the slow reader with openpyxl; counts[rule] says how many cells each rule explained."""
 
@@ -192,6 +209,42 @@ class OpenpyxlRules:
         ours = [hashlib.sha256(picture.content).hexdigest() for picture in sheet.pictures]
         if sorted(images) != sorted(ours):
             yield "openpyxl pictures", f"expected {len(ours)}, got {len(images)}"
+        yield from self._compare_anchors(sheet, other)
+        yield from self._compare_sizes(sheet, other)
+
+    def _compare_anchors(self, sheet, other):
+        """Openpyxl keeps the anchors of pictures and charts; of a group, that of the one picture it finds there."""
+        theirs = [_describe(each.anchor) for each in other._images]  # pylint: disable=protected-access
+        ours = [_describe_drawn(drawn) for drawn in sheet.drawn
+                if drawn.anchor and any(each.kind == "picture" and each.blip in sheet.stored_blips
+                                        for each in (drawn, *drawn.children))]
+        charts = [_describe(each.anchor) for each in other._charts]  # pylint: disable=protected-access
+        frames = [_describe_drawn(drawn) for drawn in sheet.drawn if drawn.kind == "other" and drawn.anchor]
+        if sorted(theirs) != sorted(ours):
+            yield "openpyxl picture anchors", f"expected {sorted(ours)[:3]}, got {sorted(theirs)[:3]}"
+        if collections.Counter(charts) - collections.Counter(frames):
+            yield "openpyxl chart anchors", f"expected {sorted(frames)[:3]}, got {sorted(charts)[:3]}"
+        for _ in theirs + charts:
+            self._count("anchor agrees")
+
+    def _compare_sizes(self, sheet, other):
+        """Heights and widths that the file gives; where columns overlap, openpyxl keeps others."""
+        for row, (height, _) in sheet.rows.items():
+            if height is not None:
+                theirs = other.row_dimensions[row].height if row in other.row_dimensions else None
+                if theirs is None or not math.isclose(theirs, height, rel_tol=1e-9, abs_tol=1e-9):
+                    yield "openpyxl height", f"row {row}: expected {height}, got {theirs}"
+                else:
+                    self._count("height agrees")
+        widths = {(each.min, min(each.max, MAX_COLUMNS)): each.width for each in other.column_dimensions.values()
+                  if each.min is not None}
+        for first, last, width, _ in sheet.columns:
+            if width is not None:
+                theirs = widths.get((first, last))
+                if theirs is None or not math.isclose(theirs, width, rel_tol=1e-9, abs_tol=1e-9):
+                    yield "openpyxl width", f"columns {first} to {last}: expected {width}, got {theirs}"
+                else:
+                    self._count("width agrees")
 
     def _count(self, rule):
         self.counts[rule] = self.counts.get(rule, 0) + 1

@@ -13,6 +13,7 @@ import pathlib
 import sys
 
 from compare_dimensions import points_of_width
+from compare_drawings import drawn_box, sums
 from sheet_reader import Unreadable, WorkbookReader, reference
 
 
@@ -38,12 +39,31 @@ def sizes(sheet):
     return {"defaultColumnWidth": 48.0, "defaultRowHeight": default, "columnWidths": widths, "rowHeights": heights}
 
 
+def frame_model(drawn, sheet, names):
+    """Of samples, which have no turned frames; a picture takes the next name."""
+    def place(marker):
+        return {"ref": reference((int(marker[2]) + 1, int(marker[0]) + 1)), "x": marker[1] / 12700,
+                "y": marker[3] / 12700}
+    model = {"kind": drawn.kind, "name": drawn.name}
+    if drawn.kind == "picture":
+        model["media"] = names.pop(0)
+    model["anchor"] = {"type": drawn.anchor, "from": place(drawn.start)}
+    if drawn.end:
+        model["anchor"]["to"] = place(drawn.end)
+    table = sizes(sheet)
+    axes = (sums(table["columnWidths"], table["defaultColumnWidth"]),
+            sums(table["rowHeights"], table["defaultRowHeight"]))
+    model["absolute"] = dict(zip(("x", "y", "width", "height"), drawn_box(drawn, axes)))
+    return model
+
+
 def sheet_model(number, sheet, media):
-    frames = []
+    names = []
     for picture in sheet.pictures:
-        name = hashlib.sha256(picture.content).hexdigest() + pathlib.PurePosixPath(picture.name).suffix
-        media[name] = picture.content
-        frames.append({"kind": "picture", "media": name})
+        names.append(hashlib.sha256(picture.content).hexdigest() + pathlib.PurePosixPath(picture.name).suffix)
+        media[names[-1]] = picture.content
+    frames = [frame_model(drawn, sheet, names) for drawn in sheet.drawn
+              if drawn.kind != "picture" or drawn.blip in sheet.stored_blips]
     return {
         "id": f"id{number}", "name": sheet.name,
         "rows": max([at[0] for at in sheet.cells] + [1]), "columns": max([at[1] for at in sheet.cells] + [1]),
@@ -151,6 +171,30 @@ def picture_altered(_, media):
     media[name] = media[name][:-1] + b"?"
 
 
+def frame_as_shape(model, _):
+    model["tables"][0]["frames"][0]["kind"] = "shape"
+
+
+def frame_renamed(model, _):
+    model["tables"][0]["frames"][0]["name"] += "!"
+
+
+def anchor_moved(model, _):
+    model["tables"][0]["frames"][0]["anchor"]["from"]["x"] += 0.5
+
+
+def anchor_retyped(model, _):
+    model["tables"][0]["frames"][0]["anchor"]["type"] = "absolute"
+
+
+def frame_stretched(model, _):
+    model["tables"][0]["frames"][0]["absolute"]["width"] += 0.5
+
+
+def frame_turned(model, _):
+    model["tables"][0]["frames"][0]["rotation"] = 90.0
+
+
 def silence(_model, _media):
     """Leaves the model as it is: main() drops the messages."""
 
@@ -159,7 +203,7 @@ DAMAGES = {function.__name__: function for function in (
     one_ulp, trailing_blank, number_as_text, boolean_flipped, error_as_text, cell_lost, cell_invented, cell_twice,
     cells_unordered, formula_lost, formula_altered, sheet_renamed, sheets_swapped, sheet_shown, rows_short,
     height_altered, width_altered, hidden_row_shown, merge_lost, merges_reordered, picture_lost, picture_altered,
-    silence)}
+    frame_as_shape, frame_renamed, anchor_moved, anchor_retyped, frame_stretched, frame_turned, silence)}
 
 
 def main():

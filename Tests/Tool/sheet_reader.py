@@ -10,6 +10,8 @@ import zipfile
 from dataclasses import dataclass, field
 from xml.etree import ElementTree
 
+from drawing_reader import read_drawing
+
 MAX_ROWS, MAX_COLUMNS = 1048576, 16384
 RELATIONS = ("http://schemas.openxmlformats.org/officeDocument/2006/relationships",
              "http://purl.oclc.org/ooxml/officeDocument/relationships")
@@ -48,6 +50,8 @@ class Sheet:
     merges: list = field(default_factory=list)  # ((row, column), (row, column)), both corners inside
     refused_merges: int = 0
     pictures: list = field(default_factory=list)
+    drawn: list = field(default_factory=list)  # what the drawing shows, see drawing_reader
+    stored_blips: set = field(default_factory=set)  # the relationships of its pictures that are there
     bad_places: int = 0  # rows and cells whose place nobody can read, or beyond the grid
     columns: list = field(default_factory=list)  # (first, last, width in characters or None, hidden)
     rows: dict = field(default_factory=dict)  # row -> (height in points or None, hidden)
@@ -374,7 +378,12 @@ class _SheetReader:
 
     def _read_pictures(self, part):
         relations = self._package.relations(part)
-        for node in self._package.tree(part).iter():
+        tree = self._package.tree(part)
+        self._sheet.drawn = read_drawing(tree)
+        self._sheet.stored_blips = {
+            key for key, (kind, target, external) in relations.items()
+            if kind == "image" and not external and self._package.has(target)}
+        for node in tree.iter():
             if local(node) != "pic":
                 continue
             fill = next((child for child in node if local(child) == "blipFill"), None)

@@ -24,7 +24,9 @@ CATEGORIES = {
     "sheet_renamed": "sheets 1", "sheets_swapped": "sheets 1", "sheet_shown": "visible 1", "rows_short": "rows 1",
     "height_altered": "height 1", "width_altered": "width 1", "hidden_row_shown": "height 1",
     "merge_lost": "merges 1", "merges_reordered": "merges 1", "picture_lost": "pictures 1",
-    "picture_altered": "pictures 1", "silence": "silence 1",
+    "picture_altered": "pictures 1", "frame_as_shape": "frames 1", "frame_renamed": "frame name 1",
+    "anchor_moved": "anchor 1", "anchor_retyped": "anchor type 1", "frame_stretched": "frame box 1",
+    "frame_turned": "rotation 1", "silence": "silence 1",
 }
 
 
