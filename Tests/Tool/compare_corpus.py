@@ -23,6 +23,7 @@ import openpyxl
 import openpyxl.reader.drawings
 
 from compare_rules import Difference, OpenpyxlRules, compare_model
+from sheet_names import model_names
 from sheet_reader import Unreadable, WorkbookReader
 from tool_runner import allowance, run, skip
 
@@ -97,7 +98,7 @@ def compare_file(program, path):
     try:
         found += rules.compare(reader.sheets, load(path, values=True))
         formulas = any(cell.has_formula for sheet in reader.sheets for cell in sheet.cells.values())
-        if model and formulas and [table["name"] for table in model["tables"]] == [s.name for s in reader.sheets]:
+        if model and formulas and [table["name"] for table in model["tables"]] == model_names([s.name for s in reader.sheets]):
             found += rules.compare_formulas(model, load(path, values=False))
     except Exception as error:  # pylint: disable=broad-except
         # Openpyxl fails in many ways on files that others open; each one has its row in the list.

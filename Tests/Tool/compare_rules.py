@@ -13,6 +13,7 @@ from collections import namedtuple
 
 from compare_dimensions import compare_dimensions
 from compare_drawings import compare_drawings
+from sheet_names import model_names
 from sheet_reader import MAX_COLUMNS, MAX_ROWS, column_letters, decode, place, reference
 
 Difference = namedtuple("Difference", "sheet category detail")
@@ -27,7 +28,7 @@ def compare_model(model, media_folder, report, sheets, default_font=("", "")):
     """
     tables = model["tables"]
     names = [table["name"] for table in tables]
-    expected = [sheet.name for sheet in sheets]
+    expected = model_names([sheet.name for sheet in sheets])
     if names != expected:
         return [Difference("", "sheets", f"expected {expected}, got {names}")]
     found = _compare_media(model, media_folder)
