@@ -20,6 +20,8 @@ namespace QV::FilterUtils {
 inline std::pair<unsigned long, float> findCellPastSizes(
     std::size_t count, float remainder, float defaultSize)
 {
+    if (defaultSize == 0)
+        return {count, remainder};
     const float cells = std::floor(remainder / defaultSize);
     const float index = static_cast<float>(count) + cells;
     if (!(index >= 0 && index < 0x1p64F))
