@@ -14,6 +14,7 @@
 #include <DOM/Public/CellRow.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/GraphicalObject.h>
+#include <DOM/Public/PivotTable.h>
 #include <DOM/Public/TableCellIterator.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 #include <Utils/Public/TableIndices/TableRange.h>
@@ -95,6 +96,9 @@ public:
     const std::vector<std::unique_ptr<Frame>>& getFrames() const { return _frames; }
     void appendFrame(std::unique_ptr<Frame> frame) { _frames.push_back(std::move(frame)); }
 
+    const std::vector<PivotTable>& getPivotTables() const { return _pivotTables; }
+    void appendPivotTable(PivotTable pivotTable) { _pivotTables.push_back(std::move(pivotTable)); }
+
     /// Bytes that the rows and cells of the table take, without the texts and styles that they share.
     std::size_t getAllocatedSize() const;
 
@@ -122,6 +126,7 @@ private:
     std::map<unsigned long, ColumnsRun> _columns; // by the first column; runs do not overlap
     std::vector<CellIndex> _mergedCells;          // top-left cells in the order of marking
     std::vector<std::unique_ptr<Frame>> _frames;  // no null entries
+    std::vector<PivotTable> _pivotTables;
 };
 
 } // namespace QV::DOM
