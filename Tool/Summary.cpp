@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include <DOM/Public/Document.h>
+#include <DOM/Public/GraphicalObject.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/PackageError.h>
@@ -30,11 +31,19 @@ struct SheetRow
     std::size_t pictures;
 };
 
+std::size_t countPictures(const DOM::Table& table)
+{
+    std::size_t count = 0;
+    for (const auto& frame : table.getFrames())
+        count += dynamic_cast<const DOM::Picture*>(frame->getGraphicalObject()) ? 1 : 0;
+    return count;
+}
+
 SheetRow makeSheetRow(const DOM::Table& table)
 {
     SheetRow row{Filters::makePrintable(table.getName()), table.isVisible() ? "visible" : "hidden",
         table.getLiveRowsCount(), table.getLiveColsCount(), 0, table.getMergedRanges().size(),
-        table.getFrames().size()};
+        countPictures(table)};
     for (const DOM::Cell& cell : table.getTableIterators())
         row.cells += cell.getKind() != DOM::Cell::Kind::Empty ? 1 : 0;
     return row;

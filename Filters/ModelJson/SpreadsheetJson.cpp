@@ -4,12 +4,16 @@
 
 #include <fmt/format.h>
 
+#include <DOM/Public/ChartSpace.h>
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Table.h>
 #include <FilterUtils/FU_Colors.h>
 #include <FilterUtils/FU_TableIndices.h>
+#include <Filters/ModelJson/ChartJson.h>
 #include <Filters/ModelJson/JsonWriter.h>
+#include <Filters/ModelJson/PivotJson.h>
 #include <Filters/Package/FilterRun.h>
+#include <Formulas/Public/TableContext.h>
 
 namespace QV::Filters {
 namespace {
@@ -113,11 +117,17 @@ void writeMerges(const DOM::Table& table, JsonWriter& json)
     json.endArray();
 }
 
-void writeFrames(const DOM::Table& table, JsonWriter& json)
+void writeFrames(const DOM::Table& table, const Formulas::TableContext& tables, JsonWriter& json)
 {
     json.writeKey("frames");
     json.beginArray();
     for (const auto& frame : table.getFrames()) {
+        if (const auto* chart = dynamic_cast<const DOM::ChartSpace*>(frame->getGraphicalObject())) {
+            json.beginObject();
+            writeChart(*chart, tables, json);
+            json.endObject();
+            continue;
+        }
         const auto* picture = dynamic_cast<const DOM::Picture*>(frame->getGraphicalObject());
         if (!picture)
             continue;
@@ -131,7 +141,8 @@ void writeFrames(const DOM::Table& table, JsonWriter& json)
     json.endArray();
 }
 
-void writeTable(const DOM::Table& table, const std::string& id, JsonWriter& json)
+void writeTable(
+    const DOM::Table& table, const std::string& id, const Formulas::TableContext& tables, JsonWriter& json)
 {
     json.beginObject();
     json.writeMember("id", id);
@@ -142,7 +153,8 @@ void writeTable(const DOM::Table& table, const std::string& id, JsonWriter& json
     writeSizes(table, json);
     writeCells(table, json);
     writeMerges(table, json);
-    writeFrames(table, json);
+    writeFrames(table, tables, json);
+    writePivotTables(table, json);
     json.endObject();
 }
 
@@ -165,6 +177,7 @@ void writeMedia(const FilterRun& run, JsonWriter& json)
 
 void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
 {
+    const Formulas::TableContext tables = Formulas::TableContext::makeFor(run.getDocument());
     JsonWriter json(out);
     json.beginObject();
     json.writeMember("format", "xlsx");
@@ -174,7 +187,8 @@ void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
         const auto* table = dynamic_cast<const DOM::Table*>(&block);
         if (table)
             writeTable(*table,
-                run.getOptions().areIdsSequential ? run.generateId() : table->getUUID().toString(), json);
+                run.getOptions().areIdsSequential ? run.generateId() : table->getUUID().toString(), tables,
+                json);
     }
     json.endArray();
     json.writeKey("links");

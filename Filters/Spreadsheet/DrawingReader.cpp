@@ -38,8 +38,7 @@ public:
         case Words::Connector:
             _run.leaveOut(LeftOut::Shapes);
             return XMLStep::Skip;
-        case Words::GraphicFrame:
-            _run.leaveOut(LeftOut::Charts);
+        case Words::GraphicFrame: // what it shows is another part
             return XMLStep::Skip;
         case Words::Choice: // only what every reader understands is read: the fallback
             return XMLStep::Skip;

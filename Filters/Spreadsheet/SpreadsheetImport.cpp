@@ -19,12 +19,15 @@
 #include <Filters/Spreadsheet/CellFormats.h>
 #include <Filters/Spreadsheet/Colors.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
+#include <Filters/Spreadsheet/DrawingCharts.h>
 #include <Filters/Spreadsheet/DrawingPictures.h>
 #include <Filters/Spreadsheet/LeftOut.h>
+#include <Filters/Spreadsheet/PivotReader.h>
 #include <Filters/Spreadsheet/SharedStrings.h>
 #include <Filters/Spreadsheet/SheetBuilder.h>
 #include <Filters/Spreadsheet/SheetReader.h>
 #include <Filters/Spreadsheet/Workbook.h>
+#include <Formulas/Public/TableContext.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Filters {
@@ -65,6 +68,7 @@ public:
         const WorkbookContext context{_formats, _strings, workbook.dateSystem, maxDigitWidth};
         for (const SheetEntry& sheet : workbook.sheets)
             importSheet(sheet, context);
+        readCharts();
     }
 
 private:
@@ -96,7 +100,7 @@ private:
             if (relationship.isType("externalLink"))
                 addExternalLink(relationship.target);
             else if (relationship.isType("pivotCacheDefinition"))
-                _run.leaveOut(LeftOut::PivotTables);
+                _run.leaveOut(LeftOut::PivotSources);
             else if (relationship.isType("connections") || relationship.isType("xmlMaps"))
                 _run.leaveOut(LeftOut::DataConnections);
             else if (relationship.type.find("vbaProject") != std::string::npos)
@@ -140,17 +144,38 @@ private:
         for (const Relationship& relationship : relationships.getAll()) {
             if (relationship.isType("comments"))
                 _run.leaveOut(LeftOut::Comments);
-            else if (relationship.isType("pivotTable"))
-                _run.leaveOut(LeftOut::PivotTables);
+            else if (relationship.isType("pivotTable") && !relationship.isExternal)
+                addPivotTable(relationship.target, table);
         }
         if (references.drawingId.empty())
             return;
         const Relationship* const drawing = relationships.findById(references.drawingId);
         if (drawing && !drawing->isExternal)
-            _pictures.read(drawing->target, table);
+            addDrawing(drawing->target, table);
         else
             _run.getReport().emplace_back(
                 "Drawing {} of sheet {} is missing", references.drawingId, table.getName());
+    }
+
+    void addDrawing(const std::string& part, DOM::Table& table)
+    {
+        _pictures.read(part, table);
+        _drawings.emplace_back(part, &table);
+    }
+
+    void addPivotTable(const std::string& part, DOM::Table& table)
+    {
+        if (auto pivotTable = readPivotTable(_package, part, _run))
+            table.appendPivotTable(std::move(*pivotTable));
+    }
+
+    /// After all sheets, since charts refer to any of them.
+    void readCharts()
+    {
+        const Formulas::TableContext tables = Formulas::TableContext::makeFor(_run.getDocument());
+        DrawingCharts charts(_package, tables, _run);
+        for (const auto& drawing : _drawings)
+            charts.read(drawing.first, *drawing.second);
     }
 
     Package& _package;
@@ -161,6 +186,7 @@ private:
     std::vector<DOM::SharedCellText> _strings;
     std::set<std::string> _sheetParts; // that were read
     DrawingPictures _pictures{_package, _run};
+    std::vector<std::pair<std::string, DOM::Table*>> _drawings; // the parts, and where they lie
 };
 
 } // namespace

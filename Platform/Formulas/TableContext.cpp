@@ -1,6 +1,19 @@
 #include <Formulas/Public/TableContext.h>
 
+#include <DOM/Public/Document.h>
+#include <DOM/Public/Table.h>
+#include <Utils/Public/Ptr/PtrUtils.h>
+
 namespace QV::Formulas {
+
+TableContext TableContext::makeFor(const DOM::Document& document)
+{
+    TableContext context;
+    for (const DOM::Block& block : document.getBlocks())
+        if (const DOM::Table* const table = exactCast<DOM::Table>(&block))
+            context.addTable(table->getUUID(), table->getName());
+    return context;
+}
 
 void TableContext::addTable(const UUID& uuid, const std::string& name)
 {

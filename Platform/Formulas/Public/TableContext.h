@@ -11,6 +11,10 @@
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 #include <Utils/Public/UUID.h>
 
+namespace QV::DOM {
+class Document;
+}
+
 namespace QV::Formulas {
 
 /// The tables that formulas of one document can refer to, and how large they are.
@@ -23,6 +27,9 @@ namespace QV::Formulas {
 class FORMULAS_API TableContext
 {
 public:
+    /// The tables of a document under their current names, in their order.
+    static TableContext makeFor(const DOM::Document& document);
+
     /// Adds a table under its current name. Of several tables with one name, the first one is found by it;
     /// one with the empty name is found by its identifier alone.
     void addTable(const UUID& uuid, const std::string& name);

@@ -7,7 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <DOM/Public/Document.h>
 #include <DOM/Public/FormulaSyntaxTree.h>
+#include <DOM/Public/Paragraph.h>
+#include <DOM/Public/Table.h>
 #include <Formulas/Public/References.h>
 #include <Formulas/Public/TableContext.h>
 
@@ -169,6 +172,19 @@ TEST(IsValidRangeOfTrees, DeepListsNeedNoStack)
         tree = std::move(outer);
     }
     EXPECT_TRUE(isValidRange(DOM::Formula(std::move(tree)), makeContext()));
+}
+
+TEST(TableContext, IsMadeForADocument)
+{
+    DOM::Document document;
+    auto table = std::make_unique<DOM::Table>();
+    table->setName("Sheet1");
+    const UUID uuid = table->getUUID();
+    document.getBlocks().append(std::make_unique<DOM::Paragraph>());
+    document.getBlocks().append(std::move(table));
+    const TableContext context = TableContext::makeFor(document);
+    ASSERT_NE(context.findTable("Sheet1"), nullptr);
+    EXPECT_EQ(*context.findTable("Sheet1"), uuid);
 }
 
 TEST(TableContext, FindsTheFirstOfAName)
