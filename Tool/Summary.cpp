@@ -7,7 +7,10 @@
 
 #include <fmt/format.h>
 
+#include <DOM/Public/ChartSpace.h>
 #include <DOM/Public/Document.h>
+#include <DOM/Public/Frame.h>
+#include <DOM/Public/GraphicalObject.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/PackageError.h>
@@ -28,13 +31,24 @@ struct SheetRow
     unsigned long cells;
     std::size_t merges;
     std::size_t pictures;
+    std::size_t charts;
 };
+
+/// The frames of a sheet that show an object of this kind; not those within groups.
+template <typename Object>
+std::size_t countFrames(const DOM::Table& table)
+{
+    return static_cast<std::size_t>(
+        std::count_if(table.getFrames().begin(), table.getFrames().end(), [](const auto& frame) {
+            return dynamic_cast<const Object*>(frame->getGraphicalObject()) != nullptr;
+        }));
+}
 
 SheetRow makeSheetRow(const DOM::Table& table)
 {
     SheetRow row{Filters::makePrintable(table.getName()), table.isVisible() ? "visible" : "hidden",
         table.getLiveRowsCount(), table.getLiveColsCount(), 0, table.getMergedRanges().size(),
-        table.getFrames().size()};
+        countFrames<DOM::Picture>(table), countFrames<DOM::ChartSpace>(table)};
     for (const DOM::Cell& cell : table.getTableIterators())
         row.cells += cell.getKind() != DOM::Cell::Kind::Empty ? 1 : 0;
     return row;
@@ -55,11 +69,11 @@ void writeSheets(const std::vector<SheetRow>& rows, std::ostream& out)
         const std::size_t size = countCharacters(text);
         return text + std::string(size < width ? width - size : 0, ' ');
     };
-    out << fmt::format("  {}  state    {:>8} {:>8} {:>9} {:>7} {:>9}\n", pad("sheet"), "rows", "columns",
-        "cells", "merges", "pictures");
+    out << fmt::format("  {}  state    {:>8} {:>8} {:>9} {:>7} {:>9} {:>6}\n", pad("sheet"), "rows",
+        "columns", "cells", "merges", "pictures", "charts");
     for (const SheetRow& row : rows)
-        out << fmt::format("  {}  {:<8} {:>8} {:>8} {:>9} {:>7} {:>9}\n", pad(row.name), row.state, row.rows,
-            row.columns, row.cells, row.merges, row.pictures);
+        out << fmt::format("  {}  {:<8} {:>8} {:>8} {:>9} {:>7} {:>9} {:>6}\n", pad(row.name), row.state,
+            row.rows, row.columns, row.cells, row.merges, row.pictures, row.charts);
 }
 
 /// Messages of one pattern.

@@ -1,15 +1,27 @@
 #include <Filters/ModelJson/SpreadsheetJson.h>
 
+#include <cstddef>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
+#include <DOM/Public/Adapter/ResolvedCellStyle.h>
+#include <DOM/Public/Adapter/TableCellIterator.h>
 #include <DOM/Public/Document.h>
+#include <DOM/Public/Styles.h>
 #include <DOM/Public/Table.h>
+#include <FilterUtils/FU_CellBordersStyleResolver.h>
+#include <FilterUtils/FU_CellQueries.h>
 #include <FilterUtils/FU_Colors.h>
 #include <FilterUtils/FU_TableIndices.h>
+#include <FilterUtils/FU_Text.h>
+#include <Filters/ModelJson/FramesJson.h>
 #include <Filters/ModelJson/JsonWriter.h>
+#include <Filters/ModelJson/PivotJson.h>
 #include <Filters/Package/FilterRun.h>
+#include <Formulas/Public/TableContext.h>
 
 namespace QV::Filters {
 namespace {
@@ -40,11 +52,62 @@ void writeValue(const DOM::Cell& cell, JsonWriter& json)
     }
 }
 
-void writeFormat(const DOM::CellStyle& style, JsonWriter& json)
+const char* const LineStyleNames[] = { // in the order of the enumerators
+    "none", "solid", "double", "hair", "dotted", "dashed", "dashDot", "dashDotDot", "slantDashDot"};
+
+void writeLine(const char* side, const DOM::LineProps& line, JsonWriter& json)
 {
-    const auto& cellProps = style.getCellProps();
-    if (cellProps && cellProps->getBackgroundColor())
-        json.writeMember("fill", FilterUtils::convertRGBColor(cellProps->getBackgroundColor()->getRGBA()));
+    json.writeKey(side);
+    json.beginObject();
+    json.writeMember("width", line.getWidth());
+    if (line.getColor())
+        json.writeMember("color", FilterUtils::convertRGBColor(line.getColor()->getRGBA()));
+    json.writeMember("style", LineStyleNames[static_cast<std::size_t>(line.getStyle())]);
+    json.endObject();
+}
+
+/// @param borders may be null
+/// @param props of the cell, for its diagonals; may be null
+void writeBorders(const DOM::BordersProps* borders, const DOM::CellProps* props, JsonWriter& json)
+{
+    std::vector<std::pair<const char*, DOM::BordersProps::Line>> lines;
+    if (borders)
+        lines = {
+            {"left",   borders->getLeft()  },
+            {"top",    borders->getTop()   },
+            {"right",  borders->getRight() },
+            {"bottom", borders->getBottom()}
+        };
+    if (props) {
+        lines.emplace_back("diagonalUp", props->getDiagonalUp());
+        lines.emplace_back("diagonalDown", props->getDiagonalDown());
+    }
+    bool hasLine = false;
+    for (const auto& line : lines) {
+        if (!line.second || line.second->getStyle() == DOM::LineStyle::None)
+            continue;
+        if (!hasLine) {
+            json.writeKey("borders");
+            json.beginObject();
+        }
+        hasLine = true;
+        writeLine(line.first, *line.second, json);
+    }
+    if (hasLine)
+        json.endObject();
+}
+
+bool isVisible(const DOM::Color& color)
+{
+    return color.getRGBA().a != 0;
+}
+
+void writeFormat(const DOM::CellStyle& style, const DOM::BordersProps* borders, JsonWriter& json)
+{
+    const DOM::CellProps* const props = style.getCellProps().get();
+    if (props && props->getBackgroundColor() && isVisible(*props->getBackgroundColor()))
+        json.writeMember("fill", FilterUtils::convertRGBColor(props->getBackgroundColor()->getRGBA()));
+    writeBorders(borders, props, json);
     const auto& font = style.getRunProps();
     if (!font)
         return;
@@ -60,20 +123,25 @@ void writeFormat(const DOM::CellStyle& style, JsonWriter& json)
         json.writeMember("fontName", *font->getFontName());
 }
 
-void writeCells(const DOM::Table& table, JsonWriter& json)
+void writeCells(const DOM::Table& table, const DOM::Styles& styles, JsonWriter& json)
 {
     json.writeKey("cells");
     json.beginArray();
-    const auto cells = table.getTableIterators();
+    const FilterUtils::CellBordersStyleResolver resolver(styles, table, true, nullptr);
+    const auto cells = Adapter::getCellIterators(table);
     for (auto it = cells.begin(); it != cells.end(); ++it) {
-        const bool isFormatted = !it->getStyle().isEmpty();
-        if (it->getKind() == DOM::Cell::Kind::Empty && !isFormatted)
+        const DOM::CellStyle& style = Adapter::getResolvedCellStyle(it.getCellInfo(), styles);
+        const bool isFormatted = !style.isEmpty();
+        const auto link = FilterUtils::getCellHyperlink(*it);
+        if (it->getKind() == DOM::Cell::Kind::Empty && !isFormatted && !link)
             continue;
         json.beginObject();
         json.writeMember("ref", toAlphaIndex(it.getRowIndex(), it.getColIndex()));
         writeValue(*it, json);
+        if (link)
+            json.writeMember("hyperlink", FilterUtils::joinHyperlink(*link));
         if (isFormatted)
-            writeFormat(it->getStyle(), json);
+            writeFormat(style, resolver.resolve(it).get(), json);
         json.endObject();
     }
     json.endArray();
@@ -113,25 +181,8 @@ void writeMerges(const DOM::Table& table, JsonWriter& json)
     json.endArray();
 }
 
-void writeFrames(const DOM::Table& table, JsonWriter& json)
-{
-    json.writeKey("frames");
-    json.beginArray();
-    for (const auto& frame : table.getFrames()) {
-        const auto* picture = dynamic_cast<const DOM::Picture*>(frame->getGraphicalObject());
-        if (!picture)
-            continue;
-        json.beginObject();
-        json.writeMember("kind", "picture");
-        json.writeMember("media", picture->getMediaId());
-        if (!picture->getMimeType().empty())
-            json.writeMember("mimeType", picture->getMimeType());
-        json.endObject();
-    }
-    json.endArray();
-}
-
-void writeTable(const DOM::Table& table, const std::string& id, JsonWriter& json)
+void writeTable(const DOM::Table& table, const DOM::Styles& styles, const Formulas::TableContext& tables,
+    const std::string& id, JsonWriter& json)
 {
     json.beginObject();
     json.writeMember("id", id);
@@ -140,9 +191,11 @@ void writeTable(const DOM::Table& table, const std::string& id, JsonWriter& json
     json.writeMember("columns", table.getLiveColsCount());
     json.writeMember("visible", table.isVisible());
     writeSizes(table, json);
-    writeCells(table, json);
+    writeCells(table, styles, json);
     writeMerges(table, json);
-    writeFrames(table, json);
+    json.writeKey("frames");
+    writeFramesJson(table, tables, json);
+    writePivotTables(table, json);
     json.endObject();
 }
 
@@ -165,6 +218,7 @@ void writeMedia(const FilterRun& run, JsonWriter& json)
 
 void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
 {
+    const Formulas::TableContext tables = Formulas::TableContext::makeFor(run.getDocument());
     JsonWriter json(out);
     json.beginObject();
     json.writeMember("format", "xlsx");
@@ -173,7 +227,7 @@ void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
     for (const DOM::Block& block : run.getDocument().getBlocks()) {
         const auto* table = dynamic_cast<const DOM::Table*>(&block);
         if (table)
-            writeTable(*table,
+            writeTable(*table, run.getDocument().getStyles(), tables,
                 run.getOptions().areIdsSequential ? run.generateId() : table->getUUID().toString(), json);
     }
     json.endArray();

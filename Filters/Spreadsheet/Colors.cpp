@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include <FilterUtils/FU_Colors.h>
 #include <FilterUtils/FU_Errors.h>
@@ -49,6 +50,14 @@ constexpr ThemeSlot ThemeSlots[] = {
     {"accent6",  0xF79646},
     {"hlink",    0x0000FF},
     {"folHlink", 0x800080}
+};
+
+/// What drawings call these slots, by the usual mapping.
+const std::pair<const char*, const char*> ThemeAliases[] = {
+    {"bg1", "lt1"},
+    {"tx1", "dk1"},
+    {"bg2", "lt2"},
+    {"tx2", "dk2"},
 };
 
 RGBA makeColor(std::uint32_t rgb)
@@ -148,6 +157,18 @@ boost::optional<DOM::Color> Colors::readColor(const XMLElement& element, Operati
             color = applyTint(*color, *tint);
     }
     return DOM::Color(*color);
+}
+
+boost::optional<DOM::Color::RGBA> Colors::findThemeColor(const std::string& name) const
+{
+    std::string slot = name;
+    for (const auto& alias : ThemeAliases)
+        if (name == alias.first)
+            slot = alias.second;
+    for (std::size_t i = 0; i < std::size(ThemeSlots); ++i)
+        if (slot == ThemeSlots[i].name)
+            return _theme[i];
+    return boost::none;
 }
 
 } // namespace QV::Filters

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include <boost/optional.hpp>
@@ -35,6 +36,9 @@ public:
     /// invalid view, an automatic colour, or a colour that cannot be read, which is reported.
     boost::optional<DOM::Color> readColor(
         const FilterUtils::XMLElement& element, OperationReport& report) const;
+
+    /// The theme's colour of a name that drawings use, such as "accent1" or "bg1"; nothing for other names.
+    boost::optional<DOM::Color::RGBA> findThemeColor(const std::string& name) const;
 
 private:
     std::vector<DOM::Color::RGBA> _theme;   // in the order of the "theme" attribute's numbers

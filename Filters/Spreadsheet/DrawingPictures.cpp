@@ -1,44 +1,25 @@
 #include <Filters/Spreadsheet/DrawingPictures.h>
 
 #include <istream>
-#include <memory>
 
 #include <boost/filesystem/fstream.hpp>
 
-#include <DOM/Public/GraphicalObject.h>
-#include <DOM/Public/Table.h>
 #include <FilterUtils/FU_Pictures.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
 #include <Filters/Package/PackageError.h>
 #include <Filters/Package/PartNames.h>
 #include <Filters/Package/Relationships.h>
-#include <Filters/Spreadsheet/DrawingReader.h>
 #include <Filters/Spreadsheet/LinkedFiles.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Filters {
 
-void DrawingPictures::read(const std::string& drawingPart, DOM::Table& table)
-{
-    const Relationships relationships = Relationships::read(_package, drawingPart, _run.getReport());
-    for (const std::string& id : readDrawing(_package, drawingPart, _run)) {
-        if (const Relationship* const relationship = relationships.findById(id))
-            showPicture(*relationship, table);
-        else
-            _run.getReport().emplace_back("Picture {} of {} is missing", id, drawingPart);
-    }
-}
-
-void DrawingPictures::showPicture(const Relationship& relationship, DOM::Table& table)
+std::unique_ptr<DOM::Picture> DrawingPictures::makePicture(const Relationship& relationship)
 {
     const Stored& stored =
         relationship.isExternal ? storeLinked(relationship.target) : storeEmbedded(relationship.target);
-    if (stored.first.empty())
-        return;
-    auto frame = std::make_unique<DOM::Frame>();
-    frame->setGraphicalObject(std::make_unique<DOM::Picture>(stored.first, stored.second));
-    table.appendFrame(std::move(frame));
+    return stored.first.empty() ? nullptr : std::make_unique<DOM::Picture>(stored.first, stored.second);
 }
 
 const DrawingPictures::Stored& DrawingPictures::storeEmbedded(const std::string& part)

@@ -2,14 +2,12 @@
 
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 
+#include <DOM/Public/GraphicalObject.h>
 #include <Filters/Package/Export.h>
-
-namespace QV::DOM {
-class Table;
-}
 
 namespace QV::Filters {
 
@@ -17,8 +15,8 @@ class FilterRun;
 class Package;
 struct Relationship;
 
-/// Brings the pictures of drawings into the media storage and onto the sheets. A picture that several
-/// drawings show is stored once.
+/// Brings the pictures of drawings into the media storage. A picture that several drawings show is stored
+/// once.
 class FILTERS_API DrawingPictures
 {
 public:
@@ -28,15 +26,14 @@ public:
     {
     }
 
-    /// Gives the table a frame for each picture of a drawing part, in the order in which they are drawn.
-    /// Pictures that are missing or cannot be stored are reported.
-    void read(const std::string& drawingPart, DOM::Table& table);
+    /// The picture that a drawing refers to; null after a message where it cannot be stored, and where a
+    /// linked one may not be read.
+    std::unique_ptr<DOM::Picture> makePicture(const Relationship& relationship);
 
 private:
     /// A picture's id and MIME type.
     using Stored = std::pair<std::string, std::string>;
 
-    void showPicture(const Relationship& relationship, DOM::Table& table);
     const Stored& storeEmbedded(const std::string& part);
     const Stored& storeLinked(const std::string& target);
     Stored store(std::istream& in, const std::string& name);

@@ -1,15 +1,47 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
-#include <vector>
+
+#include <Filters/Package/Export.h>
+#include <Filters/Spreadsheet/DrawingObjects.h>
+
+namespace QV {
+class OperationReport;
+}
 
 namespace QV::Filters {
 
-class FilterRun;
+class Colors;
+class DrawingMessages;
 class Package;
 
-/// The relationships of the pictures that a drawing part shows, in the order in which they are drawn, those
-/// in groups included. Notes what else the drawing holds to @p run.
-std::vector<std::string> readDrawing(Package& package, const std::string& part, FilterRun& run);
+/// Reads a drawing part as a stream, and hands over each anchor as it ends. An object that stands in no
+/// anchor comes in one of the kind None. Of alternate content, only the fallback is read.
+///
+/// Groups lie within groups up to a depth of 50; deeper ones are left out, with one message for the part.
+class FILTERS_API DrawingReader
+{
+public:
+    using TakeAnchor = std::function<void(DrawnAnchor)>;
+
+    DrawingReader(Package& package, const Colors& colors, OperationReport& report)
+        : _package(package)
+        , _colors(colors)
+        , _report(report)
+    {
+    }
+
+    /// @param objectsMax how many objects are read at most, groups included
+    /// @return how many there were; more than @p objectsMax where the rest was left out
+    std::size_t read(const std::string& part, std::size_t objectsMax, DrawingMessages& messages,
+        const TakeAnchor& takeAnchor);
+
+private:
+    Package& _package;
+    const Colors& _colors;
+    OperationReport& _report;
+};
 
 } // namespace QV::Filters

@@ -6,27 +6,26 @@
 namespace QV::Filters::LeftOut {
 
 constexpr const char* AlternateSheets = "chart, dialog and macro sheets";
-constexpr const char* Anchors = "the places of drawings";
-constexpr const char* Borders = "borders";
-constexpr const char* Charts = "charts";
+constexpr const char* BubbleSizes = "sizes of bubbles in charts";
+constexpr const char* ChartFormats = "axes, legends and formatting of charts";
 constexpr const char* Comments = "comments";
 constexpr const char* ConditionalFormats = "conditional formats";
 constexpr const char* DataConnections = "data connections";
 constexpr const char* DataValidations = "data validations";
 constexpr const char* DefinedNames = "defined names";
+constexpr const char* Diagrams = "diagrams and other graphics in frames";
 constexpr const char* EmbeddedObjects = "embedded objects and controls";
 constexpr const char* Filters = "filters and sorting";
 constexpr const char* Formulas = "formulas (their stored values were read)";
 constexpr const char* HeadersFooters = "headers and footers";
-constexpr const char* Hyperlinks = "hyperlinks";
 constexpr const char* Macros = "macros";
+constexpr const char* NewerCharts = "charts of newer kinds (treemaps, waterfalls and the like)";
 constexpr const char* NumberFormats = "number formats";
 constexpr const char* PatternFills = "pattern and gradient fills";
 constexpr const char* PhoneticText = "phonetic text";
-constexpr const char* PivotTables = "pivot tables";
+constexpr const char* PivotSources = "sources and fields of pivot tables";
 constexpr const char* Protection = "protection";
-constexpr const char* Shapes = "shapes";
 constexpr const char* SheetBackgrounds = "background pictures of sheets";
-constexpr const char* Tables = "tables within sheets";
+constexpr const char* TableStyleParts = "table styles of single rows, columns and stripes";
 
 } // namespace QV::Filters::LeftOut

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <FilterUtils/FU_CellQueries.h>
 #include <FilterUtils/FU_TableIndices.h>
 #include <Filters/Spreadsheet/CellFormats.h>
 #include <Filters/Spreadsheet/CellReferences.h>
@@ -72,8 +73,8 @@ SheetBuilder::SheetBuilder(const WorkbookContext& workbook, DOM::Table& table, O
 {
 }
 
-void SheetBuilder::setColumns(
-    unsigned long firstNumber, unsigned long lastNumber, boost::optional<double> width, bool isHidden)
+void SheetBuilder::setColumns(unsigned long firstNumber, unsigned long lastNumber,
+    boost::optional<double> width, bool isHidden, unsigned long format)
 {
     if (firstNumber == 0 || firstNumber > lastNumber || firstNumber > ColumnsMax) {
         constexpr const char* Pattern = "Columns {} to {} are not columns of a sheet";
@@ -83,12 +84,26 @@ void SheetBuilder::setColumns(
     }
     DOM::ColumnProps props;
     props.setHidden(isHidden);
+    props.setSharedCellStyle(getLineStyle(format));
     if (width && *width >= 0 && *width <= ColumnWidthMax)
         props.setWidth(convertCharactersToPoints(*width, _workbook.maxDigitWidth));
     else if (width)
         reportValue("Unexpected column width {}", fmt::format("{}", *width));
     const unsigned long end = std::min(lastNumber, ColumnsMax);
     _table.setColumnsProps({ColumnIndex(firstNumber - 1), ColumnIndex(end)}, props);
+}
+
+DOM::SharedCellStyle SheetBuilder::getLineStyle(unsigned long format)
+{
+    const CellFormats& formats = _workbook.formats;
+    if (format >= formats.getCount()) {
+        if (format != 0)
+            reportValue("A row or column has an unknown format {}", std::to_string(format));
+        return nullptr;
+    }
+    DOM::SharedCellStyle style = formats.getStyle(format);
+    _hasLineStyles = _hasLineStyles || style;
+    return style;
 }
 
 void SheetBuilder::startRow(boost::optional<unsigned long> number)
@@ -145,15 +160,14 @@ void SheetBuilder::endCell()
 {
     if (!_isPlaced)
         return;
-    const CellFormats& formats = _workbook.formats;
-    if (_format >= formats.getCount() && _format != 0) {
-        reportCell("Cell {} has an unknown format {}", std::to_string(_format));
-        _format = 0;
-    }
-    DOM::SharedCellStyle style = _format < formats.getCount() ? formats.getStyle(_format) : nullptr;
-    if (!style && !_hasValue && !_text) {
-        _table.ensureSize(_place.getRow().get() + 1, _place.getColumn().get() + 1);
-        return;
+    DOM::SharedCellStyle style = findStyle();
+    if (!_hasValue && !_text && !_hasLineStyles) {
+        DOM::Cell bare;
+        bare.setSharedStyle(style);
+        if (FilterUtils::isCellEmpty(bare)) {
+            _table.ensureSize(_place.getRow().get() + 1, _place.getColumn().get() + 1);
+            return;
+        }
     }
     DOM::Cell& cell = _cells.appendCell(_place.getRow(), _place.getColumn());
     cell.setSharedStyle(std::move(style));
@@ -161,6 +175,19 @@ void SheetBuilder::endCell()
         cell.setText(_text);
     else if (_hasValue)
         storeValue(cell);
+}
+
+/// The style of the open cell. Null would make a cell look as its row or column does, so where these have
+/// formats, a plain cell says that it is plain.
+DOM::SharedCellStyle SheetBuilder::findStyle()
+{
+    const CellFormats& formats = _workbook.formats;
+    if (_format >= formats.getCount() && _format != 0) {
+        reportCell("Cell {} has an unknown format {}", std::to_string(_format));
+        _format = 0;
+    }
+    DOM::SharedCellStyle style = _format < formats.getCount() ? formats.getStyle(_format) : nullptr;
+    return style || !_hasLineStyles ? style : formats.getPlainStyle();
 }
 
 void SheetBuilder::storeValue(DOM::Cell& cell)

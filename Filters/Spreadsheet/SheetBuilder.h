@@ -59,8 +59,12 @@ public:
     SheetBuilder(const WorkbookContext& workbook, DOM::Table& table, OperationReport& report);
 
     /// @param width in characters; nothing gives the columns the default width
-    void setColumns(
-        unsigned long firstNumber, unsigned long lastNumber, boost::optional<double> width, bool isHidden);
+    void setColumns(unsigned long firstNumber, unsigned long lastNumber, boost::optional<double> width,
+        bool isHidden, unsigned long format = 0);
+
+    /// The style that a whole row or column of a format gives to the cells that it does not have; null where
+    /// that sets nothing. A number that there is not is reported.
+    DOM::SharedCellStyle getLineStyle(unsigned long format);
 
     /// @param number one-based; nothing for the row after the last one
     void startRow(boost::optional<unsigned long> number);
@@ -85,6 +89,7 @@ public:
     void finish();
 
 private:
+    DOM::SharedCellStyle findStyle();
     void storeValue(DOM::Cell& cell);
     void storeNumber(DOM::Cell& cell, boost::optional<double> number, const char* message);
     void storeSharedString(DOM::Cell& cell);
@@ -103,7 +108,8 @@ private:
 
     unsigned long _nextRow = 0;
     unsigned long _nextColumn = 0;
-    unsigned long _row = 0; // of the row that is open
+    unsigned long _row = 0;      // of the row that is open
+    bool _hasLineStyles = false; // some row or column so far has a format
 
     // The cell that is open.
     CellIndex _place;

@@ -40,12 +40,10 @@ const std::pair<int, const char*> LeftOutWords[] = {
     {Words::Controls,              LeftOut::EmbeddedObjects   },
     {Words::DataValidations,       LeftOut::DataValidations   },
     {Words::HeaderFooter,          LeftOut::HeadersFooters    },
-    {Words::Hyperlinks,            LeftOut::Hyperlinks        },
     {Words::OleObjects,            LeftOut::EmbeddedObjects   },
     {Words::Picture,               LeftOut::SheetBackgrounds  },
     {Words::SheetProtection,       LeftOut::Protection        },
     {Words::SortState,             LeftOut::Filters           },
-    {Words::TableParts,            LeftOut::Tables            },
 };
 
 class SheetHandler final : public FilterUtils::XMLStreamHandler
@@ -134,6 +132,8 @@ private:
         case Words::SheetData:
         case Words::Columns:
         case Words::MergeCells:
+        case Words::Hyperlinks:
+        case Words::TableParts:
         case Words::AlternateContent: // only what every reader understands is read: the fallback
         case Words::Fallback:
             return XMLStep::Enter;
@@ -148,6 +148,15 @@ private:
             return XMLStep::Skip;
         case Words::Drawing:
             _references.drawingId = element.findAttributeText(Words::RelationshipId).value_or(std::string());
+            return XMLStep::Skip;
+        case Words::Hyperlink:
+            _references.links.push_back({element.findAttributeText(Words::Ref).value_or(std::string()),
+                element.findAttributeText(Words::RelationshipId).value_or(std::string()),
+                element.findAttributeText(Words::Location).value_or(std::string())});
+            return XMLStep::Skip;
+        case Words::TablePart:
+            _references.tableIds.push_back(
+                element.findAttributeText(Words::RelationshipId).value_or(std::string()));
             return XMLStep::Skip;
         default:
             for (const auto& word : LeftOutWords)
@@ -208,7 +217,8 @@ private:
         const unsigned long first = readUnsigned(element.findAttribute(Words::Min)).value_or(0);
         const unsigned long last = readUnsigned(element.findAttribute(Words::Max)).value_or(first);
         const auto width = readNumber(element, Words::Width, ColumnWidthMax, "Unexpected column width {}");
-        _builder.setColumns(first, last, width, isTrue(element, Words::Hidden));
+        const unsigned long format = readFormatNumber(element, Words::ColumnStyle);
+        _builder.setColumns(first, last, width, isTrue(element, Words::Hidden), format);
     }
 
     void startRow(const XMLStreamStart& element)
@@ -226,7 +236,19 @@ private:
                 props.setHeight(static_cast<float>(*height));
         }
         props.setHidden(isTrue(element, Words::Hidden));
+        if (isTrue(element, Words::CustomFormat))
+            props.setSharedCellStyle(_builder.getLineStyle(readFormatNumber(element, Words::Style)));
         _builder.setRowProps(props);
+    }
+
+    unsigned long readFormatNumber(const XMLStreamStart& element, int attribute)
+    {
+        const auto text = element.findAttribute(attribute);
+        const auto number = readUnsigned(text);
+        if (text && !number)
+            _builder.reportValue("Cell format number {} is none",
+                element.findAttributeText(attribute).value_or(std::string()));
+        return number.value_or(0);
     }
 
     void startCell(const XMLStreamStart& element)
@@ -239,16 +261,8 @@ private:
                     "Unknown cell type {}", element.findAttributeText(Words::Type).value_or(std::string()));
             type = known.value_or(CellType::String); // whatever it is, its text is kept
         }
-        unsigned long format = 0;
-        if (const auto text = element.findAttribute(Words::Style)) {
-            const auto number = readUnsigned(text);
-            if (!number)
-                _builder.reportValue("Cell format number {} is none",
-                    element.findAttributeText(Words::Style).value_or(std::string()));
-            format = number.value_or(0);
-        }
-        _builder.startCell(
-            element.findAttribute(Words::Reference).value_or(std::u16string_view()), format, type);
+        _builder.startCell(element.findAttribute(Words::Reference).value_or(std::u16string_view()),
+            readFormatNumber(element, Words::Style), type);
     }
 
     const WorkbookContext& _workbook;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <Filters/Package/Export.h>
+#include <Filters/Spreadsheet/SheetLinks.h>
 
 namespace QV::DOM {
 class Table;
@@ -19,6 +21,8 @@ struct WorkbookContext;
 struct SheetReferences
 {
     std::string drawingId; ///< of the relationship; empty where the sheet has no drawing
+    std::vector<SheetLink> links;
+    std::vector<std::string> tableIds; ///< of the relationships to the tables within the sheet
 };
 
 /// Reads a worksheet part into a table, as a stream: a sheet of any size costs only what its table does.

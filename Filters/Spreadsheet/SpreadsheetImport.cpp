@@ -17,14 +17,20 @@
 #include <Filters/Package/Relationships.h>
 #include <Filters/Package/XmlParts.h>
 #include <Filters/Spreadsheet/CellFormats.h>
+#include <Filters/Spreadsheet/ChartReader.h>
 #include <Filters/Spreadsheet/Colors.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
-#include <Filters/Spreadsheet/DrawingPictures.h>
+#include <Filters/Spreadsheet/DrawingImport.h>
 #include <Filters/Spreadsheet/LeftOut.h>
+#include <Filters/Spreadsheet/PivotReader.h>
 #include <Filters/Spreadsheet/SharedStrings.h>
 #include <Filters/Spreadsheet/SheetBuilder.h>
+#include <Filters/Spreadsheet/SheetLinks.h>
+#include <Filters/Spreadsheet/SheetNames.h>
 #include <Filters/Spreadsheet/SheetReader.h>
+#include <Filters/Spreadsheet/TableParts.h>
 #include <Filters/Spreadsheet/Workbook.h>
+#include <Formulas/Public/TableContext.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Filters {
@@ -65,6 +71,7 @@ public:
         const WorkbookContext context{_formats, _strings, workbook.dateSystem, maxDigitWidth};
         for (const SheetEntry& sheet : workbook.sheets)
             importSheet(sheet, context);
+        readDrawings();
     }
 
 private:
@@ -96,7 +103,7 @@ private:
             if (relationship.isType("externalLink"))
                 addExternalLink(relationship.target);
             else if (relationship.isType("pivotCacheDefinition"))
-                _run.leaveOut(LeftOut::PivotTables);
+                _run.leaveOut(LeftOut::PivotSources);
             else if (relationship.isType("connections") || relationship.isType("xmlMaps"))
                 _run.leaveOut(LeftOut::DataConnections);
             else if (relationship.type.find("vbaProject") != std::string::npos)
@@ -121,7 +128,7 @@ private:
             return;
         }
         auto table = std::make_unique<DOM::Table>();
-        table->setName(sheet.name);
+        table->setName(_sheetNames.makeName(sheet.name, _run.getReport()));
         table->setVisible(sheet.isVisible);
         const bool isInside = relationship && !relationship->isExternal;
         if (isInside && _sheetParts.insert(relationship->target).second)
@@ -140,17 +147,55 @@ private:
         for (const Relationship& relationship : relationships.getAll()) {
             if (relationship.isType("comments"))
                 _run.leaveOut(LeftOut::Comments);
-            else if (relationship.isType("pivotTable"))
-                _run.leaveOut(LeftOut::PivotTables);
+            else if (relationship.isType("pivotTable") && !relationship.isExternal)
+                addPivotTable(relationship.target, table);
         }
+        applyLinks(references.links, relationships, table, _run);
+        readTableParts(references.tableIds, relationships, table);
         if (references.drawingId.empty())
             return;
         const Relationship* const drawing = relationships.findById(references.drawingId);
         if (drawing && !drawing->isExternal)
-            _pictures.read(drawing->target, table);
+            _drawings.emplace_back(drawing->target, &table);
         else
             _run.getReport().emplace_back(
                 "Drawing {} of sheet {} is missing", references.drawingId, table.getName());
+    }
+
+    void readTableParts(
+        const std::vector<std::string>& ids, const Relationships& relationships, DOM::Table& table)
+    {
+        for (const std::string& id : ids) {
+            const Relationship* const part = relationships.findById(id);
+            if (!part || part->isExternal)
+                _run.getReport().emplace_back("Table {} of sheet {} is missing", id, table.getName());
+            else if (_tableParts.insert(part->target).second)
+                readTablePart(readXml(_package, part->target, _run.getReport()), table, _run.getReport());
+        }
+    }
+
+    void addPivotTable(const std::string& part, DOM::Table& table)
+    {
+        if (auto pivotTable = readPivotTable(_package, part, _run))
+            table.appendPivotTable(std::move(*pivotTable));
+    }
+
+    /// After all sheets, since charts refer to any of them.
+    void readDrawings()
+    {
+        const Formulas::TableContext tables = Formulas::TableContext::makeFor(_run.getDocument());
+        std::set<std::string> charts;
+        const auto readOnce = [&](const std::string& part) -> std::unique_ptr<DOM::GraphicalObject> {
+            if (charts.insert(part).second)
+                return readChart(_package, part, &tables, _run);
+            // Else a small package would make a model of any size.
+            _run.getReport().emplace_back(
+                "Chart {} is shown more than once, and read for the first time only", part);
+            return nullptr;
+        };
+        DrawingImporter importer(_package, _run, _colors, readOnce);
+        for (const auto& drawing : _drawings)
+            importer.read(drawing.first, *drawing.second);
     }
 
     Package& _package;
@@ -160,7 +205,9 @@ private:
     CellFormats _formats;
     std::vector<DOM::CellTextStock> _strings;
     std::set<std::string> _sheetParts; // that were read
-    DrawingPictures _pictures{_package, _run};
+    std::set<std::string> _tableParts; // likewise
+    SheetNames _sheetNames;
+    std::vector<std::pair<std::string, DOM::Table*>> _drawings; // the parts, and where they lie
 };
 
 } // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// The names of sheets, shared strings and drawings that the readers of streams tell apart.
+/// The names of sheets and shared strings that the readers of streams tell apart.
 
 #include <string_view>
 
@@ -35,11 +35,13 @@ struct Words
         DataValidations,
         HeaderFooter,
         Hyperlinks,
+        Hyperlink,
         OleObjects,
         Picture,
         SheetProtection,
         SortState,
         TableParts,
+        TablePart,
         // String items.
         SharedStrings,
         StringItem,
@@ -47,30 +49,25 @@ struct Words
         Run,
         RunProps,
         PhoneticRun,
-        // Drawings.
-        DrawnPicture,
-        Blip,
-        Shape,
-        Connector,
-        GraphicFrame,
         // Markup compatibility.
         AlternateContent,
         Choice,
         Fallback,
         // Attributes.
         BaseColumnWidth,
+        CustomFormat,
         DefaultColumnWidth,
         DefaultRowHeight,
-        Embed,
         Height,
         Hidden,
-        Link,
+        Location,
         Max,
         Min,
         Ref,
         Reference,
         RelationshipId,
         Style,
+        ColumnStyle,
         Type,
         Width,
         ZeroHeight,

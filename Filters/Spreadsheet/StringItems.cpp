@@ -5,7 +5,7 @@
 #include <FilterUtils/FU_XMLElement.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Namespaces.h>
-#include <Filters/Spreadsheet/CellFormats.h>
+#include <Filters/Spreadsheet/FormatParts.h>
 #include <Filters/Spreadsheet/LeftOut.h>
 #include <Filters/Spreadsheet/SpreadsheetWords.h>
 #include <Utils/Public/OperationReport.h>

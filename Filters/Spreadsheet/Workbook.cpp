@@ -42,7 +42,7 @@ void noteLeftOut(const XMLElement& root, const Names& names, FilterRun& run)
 {
     const std::pair<const char*, const char*> parts[] = {
         {"definedNames",       LeftOut::DefinedNames},
-        {"pivotCaches",        LeftOut::PivotTables },
+        {"pivotCaches",        LeftOut::PivotSources},
         {"workbookProtection", LeftOut::Protection  },
     };
     for (const auto& part : parts)

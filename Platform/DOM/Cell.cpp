@@ -92,9 +92,38 @@ boost::optional<ReadonlyVector<std::unique_ptr<Block>>> Cell::getTextBlocks() co
     static const std::vector<std::unique_ptr<Block>> none;
     if (_kind == Kind::Text)
         return ReadonlyVector<std::unique_ptr<Block>>(_value.text->getBlocks());
-    if (_kind == Kind::Empty)
-        return ReadonlyVector<std::unique_ptr<Block>>(none);
-    return boost::none;
+    if (_kind != Kind::Empty)
+        return boost::none;
+    const auto* const beside = getRawBlocks();
+    return ReadonlyVector<std::unique_ptr<Block>>(beside ? *beside : none);
+}
+
+const std::vector<std::unique_ptr<Block>>* Cell::getRawBlocks() const
+{
+    if (holdsText())
+        return &_value.text->getBlocks();
+    return _extras && _extras->blocks ? &_extras->blocks->getBlocks() : nullptr;
+}
+
+void Cell::setBlocksBesideValue(const SharedCellText& blocks)
+{
+    if (!blocks && !_extras)
+        return;
+    getOrMakeExtras().blocks = blocks;
+    trimExtras();
+}
+
+Cell::Extras& Cell::getOrMakeExtras()
+{
+    if (!_extras)
+        _extras = std::make_unique<Extras>();
+    return *_extras;
+}
+
+void Cell::trimExtras()
+{
+    if (_extras->mergeProps == MergeProps() && !_extras->blocks)
+        _extras.reset();
 }
 
 const CellStyle& Cell::getStyle() const

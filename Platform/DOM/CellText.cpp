@@ -31,6 +31,12 @@ std::string CellText::getPlainText() const
     return text;
 }
 
+void intrusive_ptr_release(const CellText* text, unsigned count)
+{
+    if (text->_references.fetch_sub(count, std::memory_order_acq_rel) == count)
+        delete text;
+}
+
 // --- CellTextStock
 
 CellTextStock::CellTextStock(SharedCellText text)

@@ -11,6 +11,10 @@ public:
     void visit(const TextRun& run) override { _text += run.getText(); }
     void visit(const TabRun&) override { _text += '\t'; }
     void visit(const BreakRun&) override { _text += '\n'; }
+    void visit(const DrawingRun&) override {}
+    void visit(const BookmarkRun&) override {}
+    void visit(const FieldRun& run) override { _text += run.getResult(); }
+    void visit(const AnchorRun&) override {}
 
     std::string takeText() { return std::move(_text); }
 
@@ -44,6 +48,23 @@ std::string Paragraph::getPlainText() const
     for (const std::unique_ptr<Run>& run : _runs)
         run->accept(collector);
     return collector.takeText();
+}
+
+const ParagraphStyle& Paragraph::getStyle() const
+{
+    static const ParagraphStyle empty;
+    return _style ? *_style : empty;
+}
+
+void Paragraph::setStyle(const ParagraphStyle& style)
+{
+    _style = SharedParagraphStyle(new ParagraphStyle(style));
+}
+
+const RunStyle& Paragraph::getParaMarkStyle() const
+{
+    static const RunStyle empty;
+    return _paraMarkStyle ? *_paraMarkStyle : empty;
 }
 
 } // namespace QV::DOM

@@ -2,6 +2,8 @@
 
 namespace QV::DOM {
 
+RunVisitor::~RunVisitor() = default;
+
 Run::~Run() = default;
 
 const RunStyle& Run::getStyle() const
@@ -21,6 +23,26 @@ void TabRun::accept(RunVisitor& visitor) const
 }
 
 void BreakRun::accept(RunVisitor& visitor) const
+{
+    visitor.visit(*this);
+}
+
+void DrawingRun::accept(RunVisitor& visitor) const
+{
+    visitor.visit(*this);
+}
+
+void BookmarkRun::accept(RunVisitor& visitor) const
+{
+    visitor.visit(*this);
+}
+
+void FieldRun::accept(RunVisitor& visitor) const
+{
+    visitor.visit(*this);
+}
+
+void AnchorRun::accept(RunVisitor& visitor) const
 {
     visitor.visit(*this);
 }

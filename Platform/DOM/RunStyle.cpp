@@ -2,27 +2,34 @@
 
 #include <boost/functional/hash.hpp>
 
+#include <Utils/Public/Ptr/PtrUtils.h>
+
 namespace QV::DOM {
 
 bool RunStyle::isEmpty() const
 {
-    return !_parentUUID && (!_runProps || DOM::isEmpty(*_runProps));
+    return !_parentUUID && !_trackedParent && !_hyperlink && (!_runProps || DOM::isEmpty(*_runProps));
 }
 
 bool operator==(const RunStyle& a, const RunStyle& b)
 {
-    return a._parentUUID == b._parentUUID &&
-           (a._runProps == b._runProps || (a._runProps && b._runProps && *a._runProps == *b._runProps));
+    return a._parentUUID == b._parentUUID && a._trackedParent == b._trackedParent &&
+           pointeesEqual(a._runProps, b._runProps) && pointeesEqual(a._hyperlink, b._hyperlink);
 }
 
 std::size_t hash_value(const RunStyle& style)
 {
     std::size_t seed = 0;
     boost::hash_combine(seed, style._parentUUID);
-    boost::hash_combine(seed, style._runProps != nullptr);
-    if (style._runProps)
-        boost::hash_combine(seed, *style._runProps);
+    boost::hash_combine(seed, style._trackedParent.value_or(UUID()));
+    boost::hash_combine(seed, hashPointee(style._runProps));
+    boost::hash_combine(seed, hashPointee(style._hyperlink));
     return seed;
+}
+
+const std::shared_ptr<const RunProps>& getRunPropsForViewMode(const RunStyle& style, TrackChangesViewMode)
+{
+    return style.getRunProps();
 }
 
 } // namespace QV::DOM

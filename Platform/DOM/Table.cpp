@@ -43,28 +43,27 @@ void Table::setMergeProps(
     const MergeProps props(extraRows, extraColumns);
     const bool isMerged = props != MergeProps();
     Cell* const existing = findCell(row, column);
-    if (!isMerged && (!existing || !existing->_extras))
+    const bool wasMerged = getCellMergeProps(existing) != MergeProps();
+    if (!isMerged && !wasMerged)
         return;
 
     const CellIndex index(row, column);
     if (!isMerged) {
         _mergedCells.erase(std::find(_mergedCells.begin(), _mergedCells.end(), index));
-        existing->_extras.reset();
+        existing->_extras->mergeProps = props;
+        existing->trimExtras();
         return;
     }
     Cell& cell = getOrMakeCell(row, column);
     ensureSize(row.get() + extraRows + 1, column.get() + extraColumns + 1);
-    if (!cell._extras) {
-        cell._extras = std::make_unique<Cell::Extras>();
+    if (!wasMerged)
         _mergedCells.push_back(index);
-    }
-    cell._extras->mergeProps = props;
+    cell.getOrMakeExtras().mergeProps = props;
 }
 
 MergeProps Table::getMergeProps(RowIndex row, ColumnIndex column) const
 {
-    const Cell* const cell = findCell(row, column);
-    return cell ? cell->getMergeProps() : MergeProps();
+    return getCellMergeProps(findCell(row, column));
 }
 
 std::vector<TableRange> Table::getMergedRanges() const
@@ -99,8 +98,15 @@ void Table::setRowProps(RowIndex row, const RowProps& props)
 RowIndex Table::getRowPropsEnd() const
 {
     const auto last = std::find_if(
-        _rows.rbegin(), _rows.rend(), [](const auto& row) { return !row.second.getProps().isEmpty(); });
+        _rows.rbegin(), _rows.rend(), [](const auto& row) { return row.second.getProps().hasSize(); });
     return RowIndex(last == _rows.rend() ? 0 : last->first + 1);
+}
+
+void Table::forEachRowProps(const std::function<void(RowIndex, const RowProps&)>& function) const
+{
+    for (const auto& row : _rows)
+        if (!row.second.getProps().isEmpty())
+            function(RowIndex(row.first), row.second.getProps());
 }
 
 ColumnProps Table::getColumnProps(ColumnIndex column) const

@@ -12,7 +12,7 @@ namespace QV {
 namespace {
 
 // Enough for the first part names of a package, and for a long prologue of an SVG picture.
-constexpr std::size_t HeadSize = 64 * 1024;
+constexpr std::size_t HeadSize = std::size_t{64} << 10;
 
 struct Signature
 {
@@ -130,7 +130,7 @@ boost::optional<std::string> detectMIMETypePreservingStream(std::istream& stream
     {
         const PositionKeeper keeper(stream, position);
         head.resize(
-            static_cast<std::size_t>(buffer->sgetn(&head[0], static_cast<std::streamsize>(HeadSize))));
+            static_cast<std::size_t>(buffer->sgetn(head.data(), static_cast<std::streamsize>(HeadSize))));
     }
     return detectMIMEType(head);
 }

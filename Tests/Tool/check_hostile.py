@@ -12,6 +12,7 @@ import sys
 import tempfile
 
 import file_trace
+import hostile_drawings
 import hostile_packages
 import hostile_parts
 from compare_rules import compare_model
@@ -47,7 +48,8 @@ def main():
     parser.add_argument("--only", default="")
     parser.add_argument("--keep", type=pathlib.Path)
     options = parser.parse_args()
-    cases = [case for case in hostile_packages.CASES + hostile_parts.CASES if options.only in case.name]
+    cases = [case for case in hostile_packages.CASES + hostile_parts.CASES + hostile_drawings.CASES
+             if options.only in case.name]
     if not file_trace.STRACE:
         print("strace is not installed: system calls are not watched")
     if not allowance(options.program).optimised:

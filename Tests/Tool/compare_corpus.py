@@ -22,7 +22,9 @@ import zipfile
 import openpyxl
 import openpyxl.reader.drawings
 
+from compare_charts import compare_charts
 from compare_rules import Difference, OpenpyxlRules, compare_model
+from sheet_names import model_names
 from sheet_reader import Unreadable, WorkbookReader
 from tool_runner import allowance, run, skip
 
@@ -95,9 +97,12 @@ def compare_file(program, path):
             found += compare_model(model, folder / "media", report, reader.sheets, reader.default_font)
     rules = OpenpyxlRules(reader.date1904)
     try:
-        found += rules.compare(reader.sheets, load(path, values=True))
+        book = load(path, values=True)
+        found += rules.compare(reader.sheets, book)
+        if model and [table["name"] for table in model["tables"]] == [sheet.title for sheet in book.worksheets]:
+            found += compare_charts(model, book, rules.counts)
         formulas = any(cell.has_formula for sheet in reader.sheets for cell in sheet.cells.values())
-        if model and formulas and [table["name"] for table in model["tables"]] == [s.name for s in reader.sheets]:
+        if model and formulas and [table["name"] for table in model["tables"]] == model_names([s.name for s in reader.sheets]):
             found += rules.compare_formulas(model, load(path, values=False))
     except Exception as error:  # pylint: disable=broad-except
         # Openpyxl fails in many ways on files that others open; each one has its row in the list.

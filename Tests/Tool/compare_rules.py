@@ -3,6 +3,7 @@
 Each difference is (sheet, category, detail). Openpyxl's own habits are rules with a name; how often each one
 explains a cell is counted, so that a rule that hides too much shows.
 """
+import collections
 import datetime
 import hashlib
 import math
@@ -11,6 +12,9 @@ import re
 from collections import namedtuple
 
 from compare_dimensions import compare_dimensions
+from compare_drawings import compare_drawings
+from compare_formats import compare_formats, compare_links, disagreements_over_links, explain_format
+from sheet_names import model_names
 from sheet_reader import MAX_COLUMNS, MAX_ROWS, column_letters, decode, place, reference
 
 Difference = namedtuple("Difference", "sheet category detail")
@@ -25,13 +29,15 @@ def compare_model(model, media_folder, report, sheets, default_font=("", "")):
     """
     tables = model["tables"]
     names = [table["name"] for table in tables]
-    expected = [sheet.name for sheet in sheets]
+    expected = model_names([sheet.name for sheet in sheets])
     if names != expected:
         return [Difference("", "sheets", f"expected {expected}, got {names}")]
     found = _compare_media(model, media_folder)
     for table, sheet in zip(tables, sheets):
         found += [Difference(sheet.name, *rest) for rest in _compare_table(table, media_folder, sheet, report["leftOut"])]
         found += [Difference(sheet.name, *rest) for rest in compare_dimensions(table, sheet, default_font)]
+        found += [Difference(sheet.name, *rest) for rest in compare_drawings(
+            table, sheet, lambda drawn, stored=sheet.stored_blips: drawn.blip in stored)]
     bad = sum(cell.is_bad for sheet in sheets for cell in sheet.cells.values())
     bad += sum(sheet.refused_merges + sheet.bad_places for sheet in sheets)
     if len(report["messages"]) < min(bad, MESSAGES):
@@ -55,7 +61,9 @@ def _compare_table(table, folder, sheet, left_out):
         least, most = max([at[index] for at in valued], default=0), max(named, 1)
         if not least <= table[key] <= most:
             yield key, f"expected {least} to {most}, got {table[key]}"
-    yield from _compare_cells(table["cells"], sheet.cells)
+    yield from _compare_cells(table["cells"], sheet)
+    yield from compare_formats({place(cell["ref"]): cell for cell in table["cells"]}, sheet)
+    yield from compare_links({place(cell["ref"]): cell for cell in table["cells"]}, sheet)
     if not any(kind.startswith("formulas") for kind in left_out):
         yield from _compare_formulas(table["cells"], sheet.cells)
     merges = list(_merges_within(table, sheet.merges))
@@ -89,15 +97,16 @@ def _digest(path):
     return hashlib.sha256(path.read_bytes()).hexdigest() if path.is_file() else f"no file {path.name}"
 
 
-def _compare_cells(cells, expected):
-    got, last = {}, (0, 0)
+def _compare_cells(cells, sheet):
+    got, last, expected = {}, (0, 0), sheet.cells
     for cell in cells:
         at = place(cell["ref"])
         if at <= last:
             yield "order", f"{cell['ref']} after {reference(last)}"
         got[at], last = cell, at
     for at, cell in got.items():
-        if at not in expected:
+        if at not in expected and not any(
+                first[0] <= at[0] <= end[0] and first[1] <= at[1] <= end[1] for first, end, _ in sheet.links):
             yield "invented", f"{cell}"
     for at, cell in expected.items():
         yield from _compare_cell(at, got.get(at, {}), cell)
@@ -138,6 +147,19 @@ def normalised(formula):
     """The formula without what no reader can see: blanks and case outside of texts, a leading "=" or "+"."""
     pieces = re.split(r'("(?:[^"]|"")*"|\'(?:[^\']|\'\')*\')', formula.lstrip("=+"))
     return "".join(piece if index % 2 else re.sub(r"\s+", "", piece).upper() for index, piece in enumerate(pieces))
+
+
+def _describe(anchor):
+    """An anchor of openpyxl as (type, column, offset, row, offset) or (type, x, y)."""
+    start = getattr(anchor, "_from", None)
+    if start is None:
+        return ("absolute", anchor.pos.x, anchor.pos.y)
+    kind = "twoCell" if hasattr(anchor, "to") else "oneCell"
+    return (kind, start.col, start.colOff, start.row, start.rowOff)
+
+
+def _describe_drawn(drawn):
+    return ("absolute", *drawn.point) if drawn.anchor == "absolute" else (drawn.anchor, *drawn.start)
 
 
 class OpenpyxlRules:
@@ -182,6 +204,10 @@ class OpenpyxlRules:
                 yield "openpyxl value", f"{reference(at)}: read {cell.kind} {cell.value!r}"
             else:
                 self._count(rule)
+        yield from self._compare_formats(sheet, other, merged)
+        links = {at: cell.hyperlink for at, cell in other._cells.items()  # pylint: disable=protected-access
+                 if cell.hyperlink}
+        yield from disagreements_over_links(sheet, links)
         for at in theirs:
             yield "openpyxl cell", f"{column_letters(at[1])}{at[0]}: {theirs[at].value!r}"
         ranges = {((r.min_row, r.min_col), (r.max_row, r.max_col)) for r in other.merged_cells.ranges}
@@ -192,6 +218,55 @@ class OpenpyxlRules:
         ours = [hashlib.sha256(picture.content).hexdigest() for picture in sheet.pictures]
         if sorted(images) != sorted(ours):
             yield "openpyxl pictures", f"expected {len(ours)}, got {len(images)}"
+        yield from self._compare_anchors(sheet, other)
+        yield from self._compare_sizes(sheet, other)
+
+    def _compare_anchors(self, sheet, other):
+        """Openpyxl keeps the anchors of pictures and charts; of a group, that of the one picture it finds there."""
+        theirs = [_describe(each.anchor) for each in other._images]  # pylint: disable=protected-access
+        ours = [_describe_drawn(drawn) for drawn in sheet.drawn
+                if drawn.anchor and any(each.kind == "picture" and each.blip in sheet.stored_blips
+                                        for each in (drawn, *drawn.children))]
+        charts = [_describe(each.anchor) for each in other._charts]  # pylint: disable=protected-access
+        frames = [_describe_drawn(drawn) for drawn in sheet.drawn if drawn.kind == "other" and drawn.anchor]
+        if sorted(theirs) != sorted(ours):
+            yield "openpyxl picture anchors", f"expected {sorted(ours)[:3]}, got {sorted(theirs)[:3]}"
+        if collections.Counter(charts) - collections.Counter(frames):
+            yield "openpyxl chart anchors", f"expected {sorted(frames)[:3]}, got {sorted(charts)[:3]}"
+        for _ in theirs + charts:
+            self._count("anchor agrees")
+
+    def _compare_sizes(self, sheet, other):
+        """Heights and widths that the file gives; where columns overlap, openpyxl keeps others."""
+        for row, (height, _) in sheet.rows.items():
+            if height is not None:
+                theirs = other.row_dimensions[row].height if row in other.row_dimensions else None
+                if theirs is None or not math.isclose(theirs, height, rel_tol=1e-9, abs_tol=1e-9):
+                    yield "openpyxl height", f"row {row}: expected {height}, got {theirs}"
+                else:
+                    self._count("height agrees")
+        widths = {(each.min, min(each.max, MAX_COLUMNS)): each.width for each in other.column_dimensions.values()
+                  if each.min is not None}
+        for first, last, width, _ in sheet.columns:
+            if width is not None:
+                theirs = widths.get((first, last))
+                if theirs is None or not math.isclose(theirs, width, rel_tol=1e-9, abs_tol=1e-9):
+                    yield "openpyxl width", f"columns {first} to {last}: expected {width}, got {theirs}"
+                else:
+                    self._count("width agrees")
+
+    def _compare_formats(self, sheet, other, merged):
+        covered = {(row, column) for first, last in merged if (last[0] - first[0] + 1) * (last[1] - first[1] + 1) < 100000
+                   for row in range(first[0], last[0] + 1) for column in range(first[1], last[1] + 1)}
+        for at in sheet.cells:
+            theirs = other._cells.get(at)  # pylint: disable=protected-access
+            if theirs is None or type(theirs).__name__ == "MergedCell":
+                continue
+            rule, detail = explain_format(at, sheet, theirs, at in covered)
+            if rule is None:
+                yield "openpyxl format", f"{reference(at)}: {detail}"
+            else:
+                self._count(rule)
 
     def _count(self, rule):
         self.counts[rule] = self.counts.get(rule, 0) + 1

@@ -13,15 +13,39 @@ import pathlib
 import sys
 
 from compare_dimensions import points_of_width
+from compare_drawings import drawn_box, sums
+from compare_formats import expected_links
+from sheet_formats import LINES
 from sheet_reader import Unreadable, WorkbookReader, reference
 
 
-def cell_model(at, cell):
+def add_links(cells, sheet):
+    """Links of the cells that the sheet writes, and cells for the others."""
+    for at, target in expected_links(sheet).items():
+        cells.setdefault(at, {"ref": reference(at)})["hyperlink"] = target
+
+
+def format_model(formats, entry):
+    """Borders and font; the font of the first format is written out too."""
+    model, font = {}, formats.font(entry)
+    for side, line in formats.border(entry).items():
+        width, style = LINES[line.kind]
+        color = {} if line.rgb is None else {"color": line.rgb or "000000"}
+        model.setdefault("borders", {})[side] = {"width": width, **color, "style": style}
+    if font is not None:
+        model.update(bold=font.bold, italic=font.italic)
+        model.update({} if font.size is None else {"fontSize": float(font.size)})
+        model.update({} if font.name is None else {"fontName": font.name})
+    return model
+
+
+def cell_model(at, cell, formats):
     model = {"ref": reference(at)}
     if cell.kind:
         model.update(type=cell.kind, value=cell.value)
     if cell.has_formula:
         model["formula"] = cell.formula
+    model.update(format_model(formats, cell.format))
     return model
 
 
@@ -38,17 +62,38 @@ def sizes(sheet):
     return {"defaultColumnWidth": 48.0, "defaultRowHeight": default, "columnWidths": widths, "rowHeights": heights}
 
 
+def frame_model(drawn, sheet, names):
+    """Of samples, which have no turned frames; a picture takes the next name."""
+    def place(marker):
+        return {"ref": reference((int(marker[2]) + 1, int(marker[0]) + 1)), "x": marker[1] / 12700,
+                "y": marker[3] / 12700}
+    model = {"kind": drawn.kind, "name": drawn.name}
+    if drawn.kind == "picture":
+        model["media"] = names.pop(0)
+    model["anchor"] = {"type": drawn.anchor, "from": place(drawn.start)}
+    if drawn.end:
+        model["anchor"]["to"] = place(drawn.end)
+    table = sizes(sheet)
+    axes = (sums(table["columnWidths"], table["defaultColumnWidth"]),
+            sums(table["rowHeights"], table["defaultRowHeight"]))
+    model["absolute"] = dict(zip(("x", "y", "width", "height"), drawn_box(drawn, axes)))
+    return model
+
+
 def sheet_model(number, sheet, media):
-    frames = []
+    names = []
+    cells = {at: cell_model(at, cell, sheet.formats) for at, cell in sheet.cells.items()}
+    add_links(cells, sheet)
     for picture in sheet.pictures:
-        name = hashlib.sha256(picture.content).hexdigest() + pathlib.PurePosixPath(picture.name).suffix
-        media[name] = picture.content
-        frames.append({"kind": "picture", "media": name})
+        names.append(hashlib.sha256(picture.content).hexdigest() + pathlib.PurePosixPath(picture.name).suffix)
+        media[names[-1]] = picture.content
+    frames = [frame_model(drawn, sheet, names) for drawn in sheet.drawn
+              if drawn.kind != "picture" or drawn.blip in sheet.stored_blips]
     return {
         "id": f"id{number}", "name": sheet.name,
         "rows": max([at[0] for at in sheet.cells] + [1]), "columns": max([at[1] for at in sheet.cells] + [1]),
         "visible": sheet.visible, **sizes(sheet),
-        "cells": [cell_model(at, cell) for at, cell in sorted(sheet.cells.items())],
+        "cells": [cells[at] for at in sorted(cells)],
         "merges": [f"{reference(first)}:{reference(last)}" for first, last in sheet.merges],
         "frames": frames,
     }
@@ -105,6 +150,39 @@ def formula_altered(model, _):
     cell["formula"] += "+1"
 
 
+def bordered(model, key="width"):
+    return next(line for table in model["tables"] for cell in table["cells"]
+                for line in cell.get("borders", {}).values() if key in line)
+
+
+def border_lost(model, _):
+    next(cell for cell in model["tables"][0]["cells"] if cell.pop("borders", None))
+
+
+def border_thicker(model, _):
+    bordered(model)["width"] += 0.75
+
+
+def border_dotted(model, _):
+    bordered(model)["style"] = "dotted"
+
+
+def border_recolored(model, _):
+    bordered(model, "color")["color"] = "123456"
+
+
+def bold_lost(model, _):
+    next(cell for cell in model["tables"][0]["cells"] if cell["bold"])["bold"] = False
+
+
+def font_enlarged(model, _):
+    model["tables"][0]["cells"][0]["fontSize"] += 0.5
+
+
+def font_renamed(model, _):
+    model["tables"][0]["cells"][0]["fontName"] += "x"
+
+
 def sheet_renamed(model, _):
     model["tables"][0]["name"] += "s"
 
@@ -151,15 +229,40 @@ def picture_altered(_, media):
     media[name] = media[name][:-1] + b"?"
 
 
+def frame_as_shape(model, _):
+    model["tables"][0]["frames"][0]["kind"] = "shape"
+
+
+def frame_renamed(model, _):
+    model["tables"][0]["frames"][0]["name"] += "!"
+
+
+def anchor_moved(model, _):
+    model["tables"][0]["frames"][0]["anchor"]["from"]["x"] += 0.5
+
+
+def anchor_retyped(model, _):
+    model["tables"][0]["frames"][0]["anchor"]["type"] = "absolute"
+
+
+def frame_stretched(model, _):
+    model["tables"][0]["frames"][0]["absolute"]["width"] += 0.5
+
+
+def frame_turned(model, _):
+    model["tables"][0]["frames"][0]["rotation"] = 90.0
+
+
 def silence(_model, _media):
     """Leaves the model as it is: main() drops the messages."""
 
 
 DAMAGES = {function.__name__: function for function in (
     one_ulp, trailing_blank, number_as_text, boolean_flipped, error_as_text, cell_lost, cell_invented, cell_twice,
-    cells_unordered, formula_lost, formula_altered, sheet_renamed, sheets_swapped, sheet_shown, rows_short,
+    cells_unordered, formula_lost, formula_altered, border_lost, border_thicker, border_dotted, border_recolored,
+    bold_lost, font_enlarged, font_renamed, sheet_renamed, sheets_swapped, sheet_shown, rows_short,
     height_altered, width_altered, hidden_row_shown, merge_lost, merges_reordered, picture_lost, picture_altered,
-    silence)}
+    frame_as_shape, frame_renamed, anchor_moved, anchor_retyped, frame_stretched, frame_turned, silence)}
 
 
 def main():

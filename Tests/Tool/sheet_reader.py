@@ -10,6 +10,9 @@ import zipfile
 from dataclasses import dataclass, field
 from xml.etree import ElementTree
 
+from drawing_reader import read_drawing
+from sheet_formats import Formats, number
+
 MAX_ROWS, MAX_COLUMNS = 1048576, 16384
 RELATIONS = ("http://schemas.openxmlformats.org/officeDocument/2006/relationships",
              "http://purl.oclc.org/ooxml/officeDocument/relationships")
@@ -31,6 +34,7 @@ class Cell:
     raw: str = ""  # the text of a number as it is written
     formula: str = ""  # as it is written; "" for the follower of a shared formula
     has_formula: bool = False
+    format: int = 0
     is_bad: bool = False  # the value is not what its type says; what can be kept of it is kept as text
 
 
@@ -48,10 +52,14 @@ class Sheet:
     merges: list = field(default_factory=list)  # ((row, column), (row, column)), both corners inside
     refused_merges: int = 0
     pictures: list = field(default_factory=list)
+    drawn: list = field(default_factory=list)  # what the drawing shows, see drawing_reader
+    stored_blips: set = field(default_factory=set)  # the relationships of its pictures that are there
     bad_places: int = 0  # rows and cells whose place nobody can read, or beyond the grid
     columns: list = field(default_factory=list)  # (first, last, width in characters or None, hidden)
     rows: dict = field(default_factory=dict)  # row -> (height in points or None, hidden)
     defaults: dict = field(default_factory=dict)  # the attributes of sheetFormatPr
+    formats: Formats = field(default_factory=Formats)
+    links: list = field(default_factory=list)  # ((row, column), (row, column), target), both corners inside
     rows_named: int = 0  # the last row and column that a row, cell, column or merge names
     columns_named: int = 0
 
@@ -102,9 +110,10 @@ class Package:
             return {}
         found = {}
         for node in self.tree(name):
-            target = node.get("Target", "").replace("\\", "/")
+            target = node.get("Target", "")
             external = node.get("TargetMode") == "External"
             if not external:
+                target = target.replace("\\", "/")
                 target = posixpath.normpath(posixpath.join("/" + folder, target)).lstrip("/")
             found[node.get("Id")] = (node.get("Type", "").rpartition("/")[2], target, external)
         return found
@@ -213,11 +222,13 @@ class WorkbookReader:
             raise Unreadable(f"{part} is no workbook")
         relations = self._package.relations(part)
         self._strings = []
+        formats = Formats()
         for kind, target, _ in relations.values():
             if kind == "sharedStrings" and self._package.has(target):
                 self._strings = [rich_text(node) for node in self._package.tree(target) if local(node) == "si"]
             elif kind == "styles" and self._package.has(target):
                 self._read_default_font(self._package.tree(target))
+                formats = Formats(self._package.tree(target))
         entries = []
         for node in tree:
             if local(node) == "workbookPr":
@@ -227,7 +238,7 @@ class WorkbookReader:
         for entry in entries:
             kind, target, _ = relations.get(related(entry, "id"), ("", "", False))
             if kind == "worksheet" and self._package.has(target):
-                sheet = Sheet(entry.get("name"), entry.get("state", "visible") == "visible")
+                sheet = Sheet(entry.get("name"), entry.get("state", "visible") == "visible", formats=formats)
                 _SheetReader(self._package, target, self._strings, self.date1904, sheet).read()
                 self.sheets.append(sheet)
 
@@ -270,6 +281,8 @@ class _SheetReader:
                     stack[-1].remove(node)
                 elif name == "mergeCells":
                     self._read_merges(node)
+                elif name == "hyperlink":
+                    self._read_link(node, relations)
                 elif name == "col":
                     self._read_column(node)
                 elif name == "sheetFormatPr":
@@ -308,7 +321,7 @@ class _SheetReader:
         if at[0] > MAX_ROWS or at[1] > MAX_COLUMNS:
             self._sheet.bad_places += 1
             return
-        cell, text = Cell(), None
+        cell, text = Cell(format=number(node.get("s"))), None
         for child in node:
             name = local(child)
             if name == "f":
@@ -372,9 +385,27 @@ class _SheetReader:
             self._sheet.merges.append((first, last))
             self._sheet.name_place(*last)
 
+    def _read_link(self, node, relations):
+        corners = [place(corner) for corner in node.get("ref", "").split(":")]
+        if not 1 <= len(corners) <= 2 or None in corners:
+            return
+        first = tuple(min(pair) for pair in zip(*corners))
+        last = tuple(max(pair) for pair in zip(*corners))
+        target = relations.get(related(node, "id"), ("", "", False))[1]
+        if node.get("location"):
+            target += "#" + node.get("location")
+        if target:
+            self._sheet.links.append((first, last, target))
+            self._sheet.name_place(*last)
+
     def _read_pictures(self, part):
         relations = self._package.relations(part)
-        for node in self._package.tree(part).iter():
+        tree = self._package.tree(part)
+        self._sheet.drawn = read_drawing(tree)
+        self._sheet.stored_blips = {
+            key for key, (kind, target, external) in relations.items()
+            if kind == "image" and not external and self._package.has(target)}
+        for node in tree.iter():
             if local(node) != "pic":
                 continue
             fill = next((child for child in node if local(child) == "blipFill"), None)

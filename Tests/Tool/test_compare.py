@@ -21,10 +21,14 @@ CATEGORIES = {
     "one_ulp": "value 1", "trailing_blank": "value 1", "number_as_text": "type 1", "boolean_flipped": "value 1",
     "error_as_text": "type 1", "cell_lost": "type 1", "cell_invented": "invented 1", "cell_twice": "order 1",
     "cells_unordered": "order", "formula_lost": "formula 1", "formula_altered": "formula text 1",
+    "border_lost": "borders 1", "border_thicker": "border line 1", "border_dotted": "border line 1",
+    "border_recolored": "border color 1", "bold_lost": "font 1", "font_enlarged": "font 1", "font_renamed": "font 1",
     "sheet_renamed": "sheets 1", "sheets_swapped": "sheets 1", "sheet_shown": "visible 1", "rows_short": "rows 1",
     "height_altered": "height 1", "width_altered": "width 1", "hidden_row_shown": "height 1",
     "merge_lost": "merges 1", "merges_reordered": "merges 1", "picture_lost": "pictures 1",
-    "picture_altered": "pictures 1", "silence": "silence 1",
+    "picture_altered": "pictures 1", "frame_as_shape": "frames 1", "frame_renamed": "frame name 1",
+    "anchor_moved": "anchor 1", "anchor_retyped": "anchor type 1", "frame_stretched": "frame box 1",
+    "frame_turned": "rotation 1", "silence": "silence 1",
 }
 
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include <boost/optional.hpp>
 
@@ -41,8 +42,8 @@ private:
 
 /// A cell of a table: a value, and a style that it shares with other cells.
 ///
-/// A cell is small, since sheets have millions: what few cells have (a merge) lives apart, and text is
-/// shared.
+/// A cell is small, since sheets have millions: what few cells have (a merge, a link on a number) lives
+/// apart, and text is shared.
 class DOM_API Cell
 {
 public:
@@ -76,12 +77,23 @@ public:
     void setText(CellTextStock& stock);
     void setError(const SharedCellText& text);
 
-    /// The text blocks of a text cell, no blocks for an empty one; nothing for a number, boolean or error.
+    /// The text blocks of a text cell; those beside the value, or no blocks, for an empty one; nothing for a
+    /// number, boolean or error.
     boost::optional<ReadonlyVector<std::unique_ptr<Block>>> getTextBlocks() const;
+
+    /// The blocks of a text or an error, or those beside the value of any other cell. Null where there are
+    /// none.
+    const std::vector<std::unique_ptr<Block>>* getRawBlocks() const;
+
+    /// Puts blocks beside the value of a cell that holds no text: they carry what the paragraph of a text
+    /// would, such as a link. They stay when the value changes, and are not seen while the cell holds text.
+    /// @param blocks null takes them away
+    void setBlocksBesideValue(const SharedCellText& blocks);
 
     /// The empty style where the cell has none.
     const CellStyle& getStyle() const;
-    /// Null where the cell has none.
+    /// Null where the cell has none, and looks as its row or column says. An empty style that is there keeps
+    /// their formats away.
     const SharedCellStyle& getSharedStyle() const { return _style; }
     void setSharedStyle(SharedCellStyle style) { _style = std::move(style); }
 
@@ -94,6 +106,7 @@ private:
     struct Extras
     {
         MergeProps mergeProps;
+        SharedCellText blocks; // beside a value
     };
 
     union Value {
@@ -104,6 +117,8 @@ private:
 
     bool holdsText() const { return _kind == Kind::Text || _kind == Kind::Error; }
     void holdText(Kind kind, const SharedCellText& text);
+    Extras& getOrMakeExtras();
+    void trimExtras();
 
     Value _value = {0};
     SharedCellStyle _style;
@@ -111,5 +126,11 @@ private:
     std::uint32_t _column = 0;
     Kind _kind = Kind::Empty;
 };
+
+/// How far the cell's merge reaches; that of no cell reaches nowhere.
+inline MergeProps getCellMergeProps(const Cell* cell)
+{
+    return cell ? cell->getMergeProps() : MergeProps();
+}
 
 } // namespace QV::DOM

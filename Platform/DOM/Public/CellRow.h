@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include <boost/optional.hpp>
 
 #include <DOM/Public/Cell.h>
+#include <DOM/Public/CellStyle.h>
 #include <DOM/Public/Export.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 
@@ -19,12 +21,19 @@ public:
     const boost::optional<float>& getHeight() const { return _height; }
     bool isHidden() const { return _isHidden; }
 
+    /// The format of the cells that the row does not have; null where it has none.
+    const SharedCellStyle& getSharedCellStyle() const { return _cellStyle; }
+
     void setHeight(const boost::optional<float>& points) { _height = points; }
     void setHidden(bool isHidden) { _isHidden = isHidden; }
+    void setSharedCellStyle(SharedCellStyle style) { _cellStyle = std::move(style); }
 
-    bool isEmpty() const { return !_height && !_isHidden; }
+    /// Whether the row's height is its own, or none at all.
+    bool hasSize() const { return _height || _isHidden; }
+    bool isEmpty() const { return !hasSize() && !_cellStyle; }
 
 private:
+    SharedCellStyle _cellStyle;
     boost::optional<float> _height;
     bool _isHidden = false;
 };

@@ -9,6 +9,7 @@
 
 #include <DOM/Public/CellProps.h>
 #include <DOM/Public/Export.h>
+#include <DOM/Public/ParaProps.h>
 #include <DOM/Public/RunProps.h>
 #include <Utils/Public/UUID.h>
 
@@ -27,6 +28,10 @@ public:
     const std::shared_ptr<const CellProps>& getCellProps() const { return _cellProps; }
     void setCellProps(std::shared_ptr<const CellProps> props) { _cellProps = std::move(props); }
 
+    /// How the paragraphs in the cell stand; null when the cell does not say.
+    const std::shared_ptr<const ParaProps>& getParaProps() const { return _paraProps; }
+    void setParaProps(std::shared_ptr<const ParaProps> props) { _paraProps = std::move(props); }
+
     /// How text in the cell looks; null when the cell does not say.
     const std::shared_ptr<const RunProps>& getRunProps() const { return _runProps; }
     void setRunProps(std::shared_ptr<const RunProps> props) { _runProps = std::move(props); }
@@ -42,6 +47,7 @@ public:
 private:
     UUID _parentUUID;
     std::shared_ptr<const CellProps> _cellProps;
+    std::shared_ptr<const ParaProps> _paraProps;
     std::shared_ptr<const RunProps> _runProps;
 };
 

@@ -39,11 +39,8 @@ public:
     {
         text->_references.fetch_add(count, std::memory_order_relaxed);
     }
-    friend void intrusive_ptr_release(const CellText* text, unsigned count = 1)
-    {
-        if (text->_references.fetch_sub(count, std::memory_order_acq_rel) == count)
-            delete text;
-    }
+    friend void intrusive_ptr_release(const CellText* text) { intrusive_ptr_release(text, 1); }
+    friend DOM_API void intrusive_ptr_release(const CellText* text, unsigned count);
 
 private:
     mutable std::atomic<unsigned> _references{0};

@@ -3,6 +3,7 @@
 #include <DOM/Public/BlockCollection.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/SharedObjectFactory.h>
+#include <DOM/Public/Styles.h>
 
 namespace QV::DOM {
 
@@ -23,8 +24,12 @@ public:
     SharedObjectFactory& getSharedObjectFactory() { return _sharedObjects; }
     const SharedObjectFactory& getSharedObjectFactory() const { return _sharedObjects; }
 
+    Styles& getStyles() { return _styles; }
+    const Styles& getStyles() const { return _styles; }
+
 private:
     SharedObjectFactory _sharedObjects;
+    Styles _styles;
     BlockCollection _blocks;
 };
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -36,18 +35,6 @@ public:
 private:
     std::string _mediaId;
     std::string _mimeType;
-};
-
-/// A place on a sheet or page that shows a graphical object.
-class DOM_API Frame
-{
-public:
-    /// Null while the frame is empty.
-    const GraphicalObject* getGraphicalObject() const { return _graphicalObject.get(); }
-    void setGraphicalObject(std::unique_ptr<GraphicalObject> object) { _graphicalObject = std::move(object); }
-
-private:
-    std::unique_ptr<GraphicalObject> _graphicalObject;
 };
 
 } // namespace QV::DOM

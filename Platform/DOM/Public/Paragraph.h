@@ -7,6 +7,7 @@
 
 #include <DOM/Public/Block.h>
 #include <DOM/Public/Export.h>
+#include <DOM/Public/ParagraphStyle.h>
 #include <DOM/Public/Run.h>
 #include <DOM/Public/RunStyle.h>
 #include <Utils/Public/ReadonlyVector.h>
@@ -30,11 +31,27 @@ public:
     /// text runs.
     void appendText(const std::string& text, const SharedRunStyle& style = nullptr);
 
-    /// The text of the runs; a tab is "\t" and a break "\n".
+    /// The text of the runs; a tab is "\t", a break "\n", and a field what it shows.
     std::string getPlainText() const;
+
+    /// The empty style where the paragraph has none.
+    const ParagraphStyle& getStyle() const;
+    /// Null where the paragraph has none.
+    const SharedParagraphStyle& getSharedStyle() const { return _style; }
+    void setSharedStyle(SharedParagraphStyle style) { _style = std::move(style); }
+    /// Gives the paragraph a style of its own.
+    void setStyle(const ParagraphStyle& style);
+
+    /// The style of the mark that ends the paragraph: the empty one where there is none.
+    const RunStyle& getParaMarkStyle() const;
+    /// Null where there is none.
+    const SharedRunStyle& getSharedParaMarkStyle() const { return _paraMarkStyle; }
+    void setSharedParaMarkStyle(SharedRunStyle style) { _paraMarkStyle = std::move(style); }
 
 private:
     std::vector<std::unique_ptr<Run>> _runs; // no null entries
+    SharedParagraphStyle _style;
+    SharedRunStyle _paraMarkStyle;
 };
 
 } // namespace QV::DOM

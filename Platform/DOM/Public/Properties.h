@@ -9,14 +9,16 @@
 ///         static constexpr auto getFields() { return std::make_tuple(&ParaProps::_leftIndent, ...); }
 ///     };
 ///
-/// A field is a boost::optional, or anything else that converts to bool, compares by == and hashes by
-/// hash_value: it is set when the conversion says so.
+/// A field is a boost::optional or a pointer to something that compares by == and hashes by hash_value: it is
+/// set when it converts to true. Fields compare and hash by the values that they hold or lead to.
 
 #include <cstddef>
 #include <tuple>
 #include <type_traits>
 
 #include <boost/functional/hash.hpp>
+
+#include <Utils/Public/Ptr/PtrUtils.h>
 
 namespace QV::DOM {
 
@@ -49,12 +51,22 @@ bool isEmpty(const Props& props)
     return empty;
 }
 
+/// Whether two fields hold, or lead to, equal values; or both nothing.
+template <typename Field>
+bool areFieldsEqual(const Field& a, const Field& b)
+{
+    if constexpr (IsPointer<Field>::value)
+        return pointeesEqual(a, b);
+    else
+        return a == b;
+}
+
 /// True when the same fields are set, to equal values.
 template <typename Props, typename = EnableIfProps<Props>>
 bool areEqual(const Props& a, const Props& b)
 {
     bool equal = true;
-    forEachField<Props>([&](auto field) { equal = equal && a.*field == b.*field; });
+    forEachField<Props>([&](auto field) { equal = equal && areFieldsEqual(a.*field, b.*field); });
     return equal;
 }
 

@@ -4,11 +4,14 @@
 #include <memory>
 #include <utility>
 
+#include <boost/optional.hpp>
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <boost/smart_ptr/intrusive_ref_counter.hpp>
 
 #include <DOM/Public/Export.h>
+#include <DOM/Public/Hyperlink.h>
 #include <DOM/Public/RunProps.h>
+#include <DOM/Public/TrackChangesViewMode.h>
 #include <Utils/Public/UUID.h>
 
 namespace QV::DOM {
@@ -22,22 +25,38 @@ public:
     const UUID& getParentUUID() const { return _parentUUID; }
     void setParentUUID(const UUID& uuid) { _parentUUID = uuid; }
 
+    /// The named style before a change that was tracked; nothing where no such change was made.
+    const boost::optional<UUID>& getTrackedParent() const { return _trackedParent; }
+    void setTrackedParent(const boost::optional<UUID>& uuid) { _trackedParent = uuid; }
+
     /// Null when the run sets none.
     const std::shared_ptr<const RunProps>& getRunProps() const { return _runProps; }
     void setRunProps(std::shared_ptr<const RunProps> props) { _runProps = std::move(props); }
 
+    /// Where a click on the run leads; null when it leads nowhere.
+    const std::shared_ptr<const Hyperlink>& getHyperlink() const { return _hyperlink; }
+    void setHyperlink(std::shared_ptr<const Hyperlink> link) { _hyperlink = std::move(link); }
+
     /// True when there is no parent, and nothing is set.
     bool isEmpty() const;
 
+    /// By value, down to the single properties; a null pointer equals only a null one.
     friend DOM_API bool operator==(const RunStyle& a, const RunStyle& b);
     friend bool operator!=(const RunStyle& a, const RunStyle& b) { return !(a == b); }
     friend DOM_API std::size_t hash_value(const RunStyle& style);
 
 private:
     UUID _parentUUID;
+    boost::optional<UUID> _trackedParent;
     std::shared_ptr<const RunProps> _runProps;
+    std::shared_ptr<const Hyperlink> _hyperlink;
 };
 
 using SharedRunStyle = boost::intrusive_ptr<const RunStyle>;
+
+/// The run's own properties as @p mode shows them: the model keeps one set, which every mode shows. Null
+/// where the run sets none.
+DOM_API const std::shared_ptr<const RunProps>& getRunPropsForViewMode(
+    const RunStyle& style, TrackChangesViewMode mode);
 
 } // namespace QV::DOM

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -12,9 +13,13 @@
 #include <DOM/Public/Block.h>
 #include <DOM/Public/Cell.h>
 #include <DOM/Public/CellRow.h>
+#include <DOM/Public/CellStyle.h>
 #include <DOM/Public/Export.h>
-#include <DOM/Public/GraphicalObject.h>
+#include <DOM/Public/Frame.h>
+#include <DOM/Public/PivotTable.h>
+#include <DOM/Public/StyledRange.h>
 #include <DOM/Public/TableCellIterator.h>
+#include <DOM/Public/TableStyle.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 #include <Utils/Public/TableIndices/TableRange.h>
 
@@ -28,10 +33,15 @@ public:
     const boost::optional<float>& getWidth() const { return _width; }
     bool isHidden() const { return _isHidden; }
 
+    /// The format of the cells that the column does not have, where their row has none; null for none.
+    const SharedCellStyle& getSharedCellStyle() const { return _cellStyle; }
+
     void setWidth(const boost::optional<float>& points) { _width = points; }
     void setHidden(bool isHidden) { _isHidden = isHidden; }
+    void setSharedCellStyle(SharedCellStyle style) { _cellStyle = std::move(style); }
 
 private:
+    SharedCellStyle _cellStyle;
     boost::optional<float> _width;
     bool _isHidden = false;
 };
@@ -85,15 +95,26 @@ public:
 
     RowProps getRowProps(RowIndex row) const;
     void setRowProps(RowIndex row, const RowProps& props);
-    /// One past the last row that has properties of its own; 0 where none has.
+    /// One past the last row that has a size of its own; 0 where none has.
     RowIndex getRowPropsEnd() const;
+    /// Calls @p function for each row that has properties of its own, in order.
+    void forEachRowProps(const std::function<void(RowIndex, const RowProps&)>& function) const;
     ColumnProps getColumnProps(ColumnIndex column) const;
     /// Gives columns [begin, end) their properties, in place of what they had.
     void setColumnsProps(const ColumnsSpan& columns, const ColumnProps& props);
     ColumnIndex getColumnPropsEnd() const;
 
+    const TableStyle& getStyle() const { return _style; }
+    void setStyle(TableStyle style) { _style = std::move(style); }
+    /// In the order in which they came.
+    const std::vector<StyledRange>& getStyledRanges() const { return _styledRanges; }
+    void appendStyledRange(StyledRange range) { _styledRanges.push_back(std::move(range)); }
+
     const std::vector<std::unique_ptr<Frame>>& getFrames() const { return _frames; }
     void appendFrame(std::unique_ptr<Frame> frame) { _frames.push_back(std::move(frame)); }
+
+    const std::vector<PivotTable>& getPivotTables() const { return _pivotTables; }
+    void appendPivotTable(PivotTable pivotTable) { _pivotTables.push_back(std::move(pivotTable)); }
 
     /// Bytes that the rows and cells of the table take, without the texts and styles that they share.
     std::size_t getAllocatedSize() const;
@@ -122,6 +143,9 @@ private:
     std::map<unsigned long, ColumnsRun> _columns; // by the first column; runs do not overlap
     std::vector<CellIndex> _mergedCells;          // top-left cells in the order of marking
     std::vector<std::unique_ptr<Frame>> _frames;  // no null entries
+    std::vector<StyledRange> _styledRanges;
+    TableStyle _style;
+    std::vector<PivotTable> _pivotTables;
 };
 
 } // namespace QV::DOM

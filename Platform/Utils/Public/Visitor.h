@@ -70,13 +70,14 @@ public:
     virtual void visit(std::conditional_t<std::is_const_v<Base>, const Kind, Kind>& node) = 0;
 };
 
-/// Gives a kind of node its accept operations: `struct Tab : Visitable<Tab, Run>`.
-template <typename Kind, typename Base>
-class Visitable : public Base
+/// Gives a kind of node its accept operations: `struct Tab : Visitable<Tab, Run>`. A kind that shares a part
+/// with others derives from that part: `struct Tab : Visitable<Tab, Run, Blank>`, where Blank is a Run.
+template <typename Kind, typename Base, typename Parent = Base>
+class Visitable : public Parent
 {
 public:
     using VisitedBase = Base;
-    using Base::Base;
+    using Parent::Parent;
 
     void accept(Visitor<Base, typename Base::Kinds>& visitor) override
     {

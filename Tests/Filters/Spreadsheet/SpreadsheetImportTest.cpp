@@ -8,6 +8,7 @@
 
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Paragraph.h>
+#include <DOM/Public/Shape.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
@@ -292,13 +293,14 @@ TEST_F(SpreadsheetImport, DoctypeInAnyPartThatIsReadIsRefused)
 
 TEST_F(SpreadsheetImport, WhatIsNotReadIsSaidOnce)
 {
-    builder.sheet = "<sheetData><row><c><f>1+1</f><v>2</v></c><c><f>A1</f><v>2</v></c></row></sheetData>"
-                    "<autoFilter ref='A1:B2'/><conditionalFormatting/><conditionalFormatting/><hyperlinks/>";
+    builder.sheet =
+        "<sheetData><row><c><f>1+1</f><v>2</v></c><c><f>A1</f><v>2</v></c></row></sheetData>"
+        "<autoFilter ref='A1:B2'/><conditionalFormatting/><conditionalFormatting/><dataValidations/>";
     builder.workbookHead = "<definedNames/>";
     import();
     EXPECT_EQ(getCell(0, 0).getNumber(), 2) << "the stored value of a formula is kept";
     EXPECT_THAT(run->getLeftOut(), ElementsAre("defined names", "formulas (their stored values were read)",
-                                       "filters and sorting", "conditional formats", "hyperlinks"));
+                                       "filters and sorting", "conditional formats", "data validations"));
     EXPECT_EQ(run->getReport().getMessages().size(), run->getLeftOut().size());
 }
 
@@ -330,11 +332,21 @@ protected:
         return Tests::makeRelationship(id, Tests::TransitionalTypes + "image", target, more);
     }
 
+    static void addPictures(const DOM::Frame& frame, std::vector<std::string>& ids)
+    {
+        if (const auto* const picture = dynamic_cast<const DOM::Picture*>(frame.getGraphicalObject()))
+            ids.push_back(picture->getMediaId());
+        else
+            for (const DOM::Frame& child :
+                dynamic_cast<const DOM::Shape&>(*frame.getGraphicalObject()).getChildren())
+                addPictures(child, ids);
+    }
+
     std::vector<std::string> listPictures() const
     {
         std::vector<std::string> ids;
         for (const auto& frame : listTables().at(0)->getFrames())
-            ids.push_back(dynamic_cast<const DOM::Picture&>(*frame->getGraphicalObject()).getMediaId());
+            addPictures(*frame, ids);
         return ids;
     }
 };

@@ -10,6 +10,7 @@
 #include <DOM/Public/CellText.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/SharedObjectFactory.h>
+#include <DOM/Public/Table.h>
 #include <Tests/Support/Printers.h>
 #include <Tests/Support/RecordedAssertions.h>
 
@@ -203,6 +204,48 @@ TEST(Properties, UnsetDiffersFromSetToNothing)
     EXPECT_NE(unset, empty);
     EXPECT_TRUE(isEmpty(unset));
     EXPECT_FALSE(isEmpty(empty));
+}
+
+TEST(Cell, HasRawBlocksWhereItHoldsTextOrSomethingBesideItsValue)
+{
+    const SharedCellText text = makePlainCellText("text");
+    const SharedCellText beside = makePlainCellText("");
+    Cell cell;
+    EXPECT_EQ(cell.getRawBlocks(), nullptr);
+    cell.setBlocksBesideValue(nullptr);
+    cell.setNumber(1);
+    EXPECT_EQ(cell.getRawBlocks(), nullptr);
+    cell.setBlocksBesideValue(beside);
+    EXPECT_EQ(cell.getRawBlocks(), &beside->getBlocks());
+    cell.setText(text);
+    EXPECT_EQ(cell.getRawBlocks(), &text->getBlocks());
+    cell.setError(text);
+    EXPECT_EQ(cell.getRawBlocks(), &text->getBlocks());
+    cell.setEmpty();
+    EXPECT_EQ(cell.getRawBlocks(), &beside->getBlocks());
+    ASSERT_TRUE(cell.getTextBlocks());
+    EXPECT_EQ(cell.getTextBlocks()->size(), 1U);
+    cell.setBlocksBesideValue(nullptr);
+    EXPECT_EQ(cell.getRawBlocks(), nullptr);
+}
+
+TEST(Cell, MergesAndBlocksBesideItsValueDoNotTouchEachOther)
+{
+    const SharedCellText beside = makePlainCellText("");
+    Table table;
+    table.getOrMakeCell(RowIndex(0), ColumnIndex(0)).setBlocksBesideValue(beside);
+    EXPECT_TRUE(table.getMergedRanges().empty());
+    table.setMergeProps(RowIndex(0), ColumnIndex(0), 0, 0);
+    table.setMergeProps(RowIndex(0), ColumnIndex(0), 1, 1);
+    EXPECT_EQ(table.getMergedRanges().size(), 1U);
+    Cell* const cell = table.findCell(RowIndex(0), ColumnIndex(0));
+    EXPECT_EQ(cell->getRawBlocks(), &beside->getBlocks());
+    table.setMergeProps(RowIndex(0), ColumnIndex(0), 0, 0);
+    EXPECT_TRUE(table.getMergedRanges().empty());
+    EXPECT_EQ(cell->getRawBlocks(), &beside->getBlocks());
+    table.setMergeProps(RowIndex(0), ColumnIndex(0), 1, 1);
+    cell->setBlocksBesideValue(nullptr);
+    EXPECT_EQ(table.getMergedRanges().size(), 1U);
 }
 
 } // namespace

@@ -207,5 +207,47 @@ TEST(Visitor, IsDerivedFromDirectly)
     EXPECT_EQ(counter.count, 2);
 }
 
+struct Leaf;
+struct Twig;
+
+struct Plant
+{
+    using Kinds = TypeList<Leaf, Twig>;
+
+    virtual ~Plant() = default;
+    virtual void accept(Visitor<Plant, Kinds>& visitor) = 0;
+    virtual void accept(Visitor<const Plant, Kinds>& visitor) const = 0;
+};
+
+struct GreenPlant : Plant
+{
+    explicit GreenPlant(int value)
+        : shade(value)
+    {
+    }
+    int shade;
+};
+
+struct Leaf : Visitable<Leaf, Plant, GreenPlant>
+{
+    using Visitable::Visitable;
+};
+
+struct Twig : Visitable<Twig, Plant>
+{
+};
+
+TEST(Visitable, MayDeriveFromAPartThatKindsShare)
+{
+    const Leaf leaf(7);
+    const Plant& plant = leaf;
+    const auto shadeOf = [](const Plant& visited) {
+        return visitNode(
+            visited, [](const GreenPlant& green) { return green.shade; }, [](const Twig&) { return 0; });
+    };
+    EXPECT_EQ(shadeOf(plant), 7);
+    EXPECT_EQ(shadeOf(Twig()), 0);
+}
+
 } // namespace
 } // namespace QV

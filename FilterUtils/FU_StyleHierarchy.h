@@ -1,0 +1,144 @@
+#pragma once
+
+/// @file
+/// Chains of named styles, and what folds along them: each style names its parent, and the nearer a style is
+/// to the one that asks, the more it wins.
+///
+///     std::shared_ptr<DOM::RunProps> props;
+///     overrideRunPropsWithTracked(styles, props, run.getStyle(), mode); // null where nothing is set
+///
+/// @c C is what holds the named styles. A parent that is not there ends a chain quietly. No walk looks for
+/// circles of parents: who takes parents from a file must not make any.
+///
+/// The operations live with the document model's own; they are found in both namespaces.
+
+#include <memory>
+
+#include <boost/container/small_vector.hpp>
+
+#include <DOM/Public/BordersProps.h>
+#include <DOM/Public/CellStyle.h>
+#include <DOM/Public/NamedTextStyle.h>
+#include <DOM/Public/ParagraphStyle.h>
+#include <DOM/Public/Properties.h>
+#include <DOM/Public/RunProps.h>
+#include <DOM/Public/RunStyle.h>
+#include <DOM/Public/Styles.h>
+#include <DOM/Public/TableStyle.h>
+#include <DOM/Public/TrackChangesViewMode.h>
+#include <FilterUtils/FU_Export.h>
+#include <Utils/Public/Ptr/PtrUtils.h>
+#include <Utils/Public/UUID.h>
+
+namespace QV::DOM {
+
+/// The kind of named style that a style of kind @p S derives from.
+template <typename S>
+struct NamedStyleOf
+{
+    using Type = NamedTextStyle;
+};
+
+template <>
+struct NamedStyleOf<NamedTableStyle>
+{
+    using Type = NamedTableStyle;
+};
+
+template <>
+struct NamedStyleOf<TableStyle> : NamedStyleOf<NamedTableStyle>
+{
+};
+
+template <>
+struct NamedStyleOf<CellStyle> : NamedStyleOf<NamedTableStyle>
+{
+};
+
+/// The named style that @p style derives from; null where it derives from none, or from one that is not
+/// there. O(log n) for n styles.
+template <typename C, typename S>
+const typename NamedStyleOf<S>::Type* getParent(const C& styles, const S& style);
+
+/// Calls @p f with each style of the chain that begins with @p start: the root first, @p start last. Does
+/// nothing for a null pointer.
+template <typename C, typename S, typename F>
+void forEachStyleInHierarchy(const C& styles, const S* start, F&& f)
+{
+    if (!start)
+        return;
+    boost::container::small_vector<const S*, 16> chain;
+    for (const S* style = start; style; style = getParent(styles, *style))
+        chain.push_back(style);
+    for (auto style = chain.rbegin(); style != chain.rend(); ++style)
+        f(deref(*style));
+}
+
+/// Lays @p source over @p target: a null source changes nothing, a null target becomes a copy of the source,
+/// and else the fields that the source sets replace those of the target's object.
+template <typename Props>
+void override(std::shared_ptr<Props>& target, const std::shared_ptr<const Props>& source)
+{
+    if (!source)
+        return;
+    if (target)
+        override(*target, *source);
+    else
+        target = std::make_shared<Props>(*source);
+}
+
+/// Lays what @p getter gives for each style of the chain that begins with @p start over @p accumulated, the
+/// root's first.
+template <typename C, typename T, typename S, typename G>
+void overrideWithParentStyles(const C& styles, T& accumulated, const S* start, G getter)
+{
+    forEachStyleInHierarchy(styles, start, [&](const S& style) { override(accumulated, getter(style)); });
+}
+
+/// Lays the run properties of a run's or a paragraph's style over @p result: those of its named styles, the
+/// root first, then its own. With TrackChangesViewMode::FollowTrackedParents, a tracked parent stands in for
+/// the present one. @p result stays null where nothing is set.
+template <typename C, typename S>
+void overrideRunPropsWithTracked(
+    const C& styles, std::shared_ptr<RunProps>& result, const S& style, TrackChangesViewMode mode);
+
+extern template FILTERUTILS_API const NamedTextStyle* getParent<Styles, ParagraphStyle>(
+    const Styles& styles, const ParagraphStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle* getParent<Styles, RunStyle>(
+    const Styles& styles, const RunStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle* getParent<Styles, NamedTextStyle>(
+    const Styles& styles, const NamedTextStyle& style);
+extern template FILTERUTILS_API const NamedTableStyle* getParent<Styles, NamedTableStyle>(
+    const Styles& styles, const NamedTableStyle& style);
+extern template FILTERUTILS_API const NamedTableStyle* getParent<Styles, TableStyle>(
+    const Styles& styles, const TableStyle& style);
+extern template FILTERUTILS_API const NamedTableStyle* getParent<Styles, CellStyle>(
+    const Styles& styles, const CellStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle* getParent<const Styles, ParagraphStyle>(
+    const Styles& styles, const ParagraphStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle* getParent<const Styles, RunStyle>(
+    const Styles& styles, const RunStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle* getParent<const Styles, NamedTextStyle>(
+    const Styles& styles, const NamedTextStyle& style);
+extern template FILTERUTILS_API const NamedTableStyle* getParent<const Styles, NamedTableStyle>(
+    const Styles& styles, const NamedTableStyle& style);
+extern template FILTERUTILS_API void override<RunProps>(
+    std::shared_ptr<RunProps>& target, const std::shared_ptr<const RunProps>& source);
+extern template FILTERUTILS_API void override<BordersProps>(
+    std::shared_ptr<BordersProps>& target, const std::shared_ptr<const BordersProps>& source);
+extern template FILTERUTILS_API void overrideRunPropsWithTracked<Styles, RunStyle>(const Styles& styles,
+    std::shared_ptr<RunProps>& result, const RunStyle& style, TrackChangesViewMode mode);
+extern template FILTERUTILS_API void overrideRunPropsWithTracked<Styles, ParagraphStyle>(const Styles& styles,
+    std::shared_ptr<RunProps>& result, const ParagraphStyle& style, TrackChangesViewMode mode);
+
+} // namespace QV::DOM
+
+namespace QV::FilterUtils {
+
+using DOM::forEachStyleInHierarchy;
+using DOM::getParent;
+using DOM::override;
+using DOM::overrideRunPropsWithTracked;
+using DOM::overrideWithParentStyles;
+
+} // namespace QV::FilterUtils

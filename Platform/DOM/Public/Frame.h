@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include <boost/optional.hpp>
+
+#include <DOM/Public/Anchors.h>
+#include <DOM/Public/Export.h>
+#include <DOM/Public/GraphicalObject.h>
+#include <Utils/Public/Size2D.h>
+
+namespace QV::DOM {
+
+/// A place on a sheet or page that shows a graphical object, and how the object stands in it.
+///
+/// The anchor and the extent are those of the object before it is turned and flipped. Copies share the
+/// object, which never changes once a frame has it.
+class DOM_API Frame
+{
+public:
+    /// Null while the frame is empty.
+    const GraphicalObject* getGraphicalObject() const { return _graphicalObject.get(); }
+    void setGraphicalObject(std::unique_ptr<GraphicalObject> object) { _graphicalObject = std::move(object); }
+
+    const Anchor& getAnchor() const { return _anchor; }
+    void setAnchor(const Anchor& anchor) { _anchor = anchor; }
+
+    /// In points; nothing where the anchor alone tells the size.
+    const boost::optional<Size2D<float>>& getExtent() const { return _extent; }
+    void setExtent(const boost::optional<Size2D<float>>& extent) { _extent = extent; }
+
+    /// How far the object is turned about its centre, in degrees clockwise.
+    float getRotation() const { return _rotation; }
+    void setRotation(float degrees) { _rotation = degrees; }
+
+    /// Whether the object is mirrored before it is turned: left and right, or top and bottom exchanged.
+    bool isFlippedHorizontally() const { return _isFlippedHorizontally; }
+    void setFlippedHorizontally(bool isFlipped) { _isFlippedHorizontally = isFlipped; }
+    bool isFlippedVertically() const { return _isFlippedVertically; }
+    void setFlippedVertically(bool isFlipped) { _isFlippedVertically = isFlipped; }
+
+    /// May be empty, and need not be unique.
+    const std::string& getName() const { return _name; }
+    void setName(std::string name) { _name = std::move(name); }
+
+    /// Whether both are the same in all of these, and show the same object.
+    friend bool operator==(const Frame& a, const Frame& b)
+    {
+        return a._graphicalObject == b._graphicalObject && a._anchor == b._anchor && a._extent == b._extent &&
+               a._rotation == b._rotation && a._isFlippedHorizontally == b._isFlippedHorizontally &&
+               a._isFlippedVertically == b._isFlippedVertically && a._name == b._name;
+    }
+    friend bool operator!=(const Frame& a, const Frame& b) { return !(a == b); }
+
+private:
+    std::shared_ptr<const GraphicalObject> _graphicalObject;
+    Anchor _anchor;
+    boost::optional<Size2D<float>> _extent;
+    float _rotation = 0;
+    bool _isFlippedHorizontally = false;
+    bool _isFlippedVertically = false;
+    std::string _name;
+};
+
+} // namespace QV::DOM

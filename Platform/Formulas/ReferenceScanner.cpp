@@ -1,0 +1,282 @@
+#include <Formulas/ReferenceScanner.h>
+
+#include <algorithm>
+#include <utility>
+
+#include <Utils/Public/CaseInsensitiveLess.h>
+
+namespace QV::Formulas {
+namespace {
+
+using DOM::FormulaSyntaxTree::ColumnAxisIndex;
+using DOM::FormulaSyntaxTree::RowAxisIndex;
+
+constexpr std::size_t MaxColumnLetters = 3;
+constexpr std::size_t MaxRowDigits = 7;
+constexpr const char* OwnDocument = "0"; // the index by which files name the document itself
+
+bool isLetter(char c)
+{
+    return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z');
+}
+
+bool isDigit(char c)
+{
+    return '0' <= c && c <= '9';
+}
+
+bool isBeyondAscii(char c)
+{
+    return static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool isTableCharacter(char c)
+{
+    return isLetter(c) || isDigit(c) || c == '_' || c == '.' || isBeyondAscii(c);
+}
+
+bool isNameStart(char c)
+{
+    return isLetter(c) || c == '_' || c == '\\' || isBeyondAscii(c);
+}
+
+bool isNameCharacter(char c)
+{
+    return isTableCharacter(c) || c == '\\' || c == '?';
+}
+
+template <typename Predicate>
+std::size_t countFront(boost::string_ref text, Predicate predicate)
+{
+    return static_cast<std::size_t>(
+        std::find_if(text.begin(), text.end(), [&](char c) { return !predicate(c); }) - text.begin());
+}
+
+bool equalWithoutCase(boost::string_ref a, boost::string_ref b)
+{
+    const CaseInsensitiveLess less;
+    return !less(a, b) && !less(b, a);
+}
+
+bool isTruthConstant(boost::string_ref word)
+{
+    return equalWithoutCase(word, "TRUE") || equalWithoutCase(word, "FALSE");
+}
+
+/// "A1", or "R1C1" and its parts: taken for a cell in one of the two ways of naming cells.
+bool looksLikeCell(boost::string_ref word)
+{
+    const std::size_t letters = countFront(word, isLetter);
+    const std::size_t digits = countFront(word.substr(letters), isDigit);
+    if (letters <= MaxColumnLetters && digits > 0 && letters + digits == word.size())
+        return true;
+    std::size_t place = 0;
+    for (const char axis : {'r', 'c'})
+        if (place < word.size() && (word[place] | 0x20) == axis)
+            place += 1 + countFront(word.substr(place + 1), isDigit);
+    return place == word.size();
+}
+
+} // namespace
+
+bool isPlainTableName(boost::string_ref name)
+{
+    return !name.empty() && !isDigit(name.front()) && name.front() != '.' &&
+           std::all_of(name.begin(), name.end(), isTableCharacter) && !looksLikeCell(name) &&
+           !isTruthConstant(name);
+}
+
+void ReferenceScanner::skipBlanks()
+{
+    _rest.remove_prefix(countFront(_rest, [](char c) { return c == ' '; }));
+}
+
+bool ReferenceScanner::skip(char character)
+{
+    if (_rest.empty() || _rest.front() != character)
+        return false;
+    _rest.remove_prefix(1);
+    return true;
+}
+
+bool ReferenceScanner::skipWord(boost::string_ref word)
+{
+    if (!_rest.starts_with(word))
+        return false;
+    _rest.remove_prefix(word.size());
+    return true;
+}
+
+boost::optional<ScannedPlace> ReferenceScanner::scanPlace()
+{
+    const boost::string_ref start = _rest;
+    boost::optional<ScannedPlace> place = scanQuotedPlace();
+    if (!place) {
+        _rest = start;
+        place = scanPlainPlace();
+    }
+    if (place && skip('!')) {
+        if (place->document == OwnDocument)
+            place->document.clear();
+        return place;
+    }
+    _rest = start;
+    return boost::none;
+}
+
+boost::optional<ScannedPlace> ReferenceScanner::scanPlainPlace()
+{
+    ScannedPlace place;
+    const auto document = scanDocument();
+    place.document = document.value_or(std::string());
+    const auto first = scanTableName();
+    if (!first)
+        return boost::make_optional(document.has_value(), place);
+    place.firstTable = *first;
+    if (!skip(':'))
+        return place;
+    const auto second = scanTableName();
+    if (!second)
+        return boost::none;
+    place.secondTable = *second;
+    return place;
+}
+
+boost::optional<ScannedPlace> ReferenceScanner::scanQuotedPlace()
+{
+    const auto quoted = scanQuoted();
+    if (!quoted || _rest.empty() || _rest.front() != '!')
+        return boost::none;
+    ScannedPlace place;
+    boost::string_ref tables = *quoted;
+    const std::size_t bracket = tables.find(']');
+    const bool hasDocument = tables.starts_with('[') && bracket != boost::string_ref::npos && bracket > 1;
+    if (hasDocument) {
+        place.document = tables.substr(1, bracket - 1).to_string();
+        tables.remove_prefix(bracket + 1);
+    }
+    const std::size_t colon = tables.find(':');
+    place.firstTable = tables.substr(0, colon).to_string();
+    if (colon != boost::string_ref::npos)
+        place.secondTable = tables.substr(colon + 1).to_string();
+    const bool isNamed = colon == boost::string_ref::npos
+                             ? hasDocument || !place.firstTable.empty()
+                             : !place.firstTable.empty() && !place.secondTable.empty();
+    const bool isClean = place.document.find('[') == std::string::npos &&
+                         tables.find_first_of("[]") == boost::string_ref::npos &&
+                         place.secondTable.find(':') == std::string::npos;
+    return boost::make_optional(isNamed && isClean, place);
+}
+
+boost::optional<std::string> ReferenceScanner::scanDocument()
+{
+    if (!_rest.starts_with('['))
+        return boost::none;
+    const std::size_t size = countFront(_rest.substr(1), isTableCharacter);
+    if (size == 0 || size + 1 == _rest.size() || _rest[size + 1] != ']')
+        return boost::none;
+    const std::string document = _rest.substr(1, size).to_string();
+    _rest.remove_prefix(size + 2);
+    return document;
+}
+
+boost::optional<std::string> ReferenceScanner::scanTableName()
+{
+    if (_rest.starts_with('\'')) {
+        const boost::string_ref start = _rest;
+        auto quoted = scanQuoted();
+        if (quoted && !quoted->empty() && quoted->find_first_of("[]:") == std::string::npos)
+            return quoted;
+        _rest = start;
+        return boost::none;
+    }
+    const std::size_t size = countFront(_rest, isTableCharacter);
+    if (size == 0)
+        return boost::none;
+    const std::string name = _rest.substr(0, size).to_string();
+    _rest.remove_prefix(size);
+    return name;
+}
+
+boost::optional<std::string> ReferenceScanner::scanQuoted()
+{
+    if (!_rest.starts_with('\''))
+        return boost::none;
+    std::string content;
+    for (std::size_t i = 1; i < _rest.size(); ++i) {
+        if (_rest[i] == '\'') {
+            const bool isDoubled = i + 1 < _rest.size() && _rest[i + 1] == '\'';
+            if (!isDoubled) {
+                _rest.remove_prefix(i + 1);
+                return content;
+            }
+            ++i;
+        }
+        content += _rest[i];
+    }
+    return boost::none;
+}
+
+bool ReferenceScanner::isInsideWord() const
+{
+    return !_rest.empty() && (isNameCharacter(_rest.front()) || _rest.front() == '$');
+}
+
+boost::optional<ScannedEnd> ReferenceScanner::scanEnd()
+{
+    const boost::string_ref start = _rest;
+    ScannedEnd end;
+    end.column = scanColumn();
+    end.row = scanRow();
+    if ((end.column || end.row) && !isInsideWord())
+        return end;
+    _rest = start;
+    return boost::none;
+}
+
+boost::optional<ColumnAxisIndex> ReferenceScanner::scanColumn()
+{
+    constexpr unsigned long LettersCount = 26;
+    const bool isAbsolute = _rest.starts_with('$');
+    const boost::string_ref text = _rest.substr(isAbsolute ? 1 : 0);
+    const std::size_t size = countFront(text, isLetter);
+    if (size == 0 || size > MaxColumnLetters)
+        return boost::none;
+    unsigned long number = 0;
+    for (const char letter : text.substr(0, size))
+        number = number * LettersCount + static_cast<unsigned long>((letter | 0x20) - 'a') + 1;
+    if (ColumnIndex(number - 1) > MaxColumnIndex)
+        return boost::none;
+    _rest = text.substr(size);
+    return ColumnAxisIndex(ColumnIndex(number - 1), isAbsolute);
+}
+
+boost::optional<RowAxisIndex> ReferenceScanner::scanRow()
+{
+    const bool isAbsolute = _rest.starts_with('$');
+    const boost::string_ref text = _rest.substr(isAbsolute ? 1 : 0);
+    const std::size_t size = countFront(text, isDigit);
+    if (size == 0 || size > MaxRowDigits || text.front() == '0')
+        return boost::none;
+    unsigned long number = 0;
+    for (const char digit : text.substr(0, size))
+        number = number * 10 + static_cast<unsigned long>(digit - '0');
+    if (RowIndex(number - 1) > MaxRowIndex)
+        return boost::none;
+    _rest = text.substr(size);
+    return RowAxisIndex(RowIndex(number - 1), isAbsolute);
+}
+
+boost::optional<std::string> ReferenceScanner::scanName()
+{
+    if (_rest.empty() || !isNameStart(_rest.front()))
+        return boost::none;
+    const std::size_t size = countFront(_rest, isNameCharacter);
+    if (isTruthConstant(_rest.substr(0, size)))
+        return boost::none;
+    const std::string name = _rest.substr(0, size).to_string();
+    _rest.remove_prefix(size);
+    return name;
+}
+
+} // namespace QV::Formulas

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include <boost/optional.hpp>
+#include <boost/utility/string_ref.hpp>
+
+#include <DOM/Public/FormulaReferences.h>
+
+namespace QV::Formulas {
+
+/// One end of a reference as it is written: "$B$1" has both axes, "$B" a column alone, "1" a row alone.
+struct ScannedEnd
+{
+    boost::optional<DOM::FormulaSyntaxTree::ColumnAxisIndex> column;
+    boost::optional<DOM::FormulaSyntaxTree::RowAxisIndex> row;
+};
+
+/// What stands before the "!" of a reference, and tells where it lies.
+struct ScannedPlace
+{
+    std::string document;
+    std::string firstTable;
+    std::string secondTable;
+};
+
+/// The words of references, taken from the front of a text. Each operation takes its word and says so, or
+/// leaves the text as it is. Does not read beyond the text, and copies only what it returns.
+class ReferenceScanner
+{
+public:
+    explicit ReferenceScanner(boost::string_ref text)
+        : _rest(text)
+    {
+    }
+
+    bool isAtEnd() const { return _rest.empty(); }
+
+    void skipBlanks();
+    bool skip(char character);
+    /// Takes @p word, case and all.
+    bool skipWord(boost::string_ref word);
+
+    /// Place ::= Document? Tables "!" | Document "!" | "'" (Document? Tables, with "'" doubled) "'" "!"
+    boost::optional<ScannedPlace> scanPlace();
+
+    /// End ::= "$"? Letters "$"? Digits | "$"? Letters | "$"? Digits, within the largest sheet, and not the
+    /// beginning of a longer word.
+    boost::optional<ScannedEnd> scanEnd();
+
+    /// A defined name: a letter, "_", "\" or any character beyond ASCII, then those, digits, "." and "?".
+    /// The constants TRUE and FALSE are none.
+    boost::optional<std::string> scanName();
+
+private:
+    boost::optional<std::string> scanDocument();
+    boost::optional<std::string> scanTableName();
+    boost::optional<std::string> scanQuoted();
+    boost::optional<ScannedPlace> scanPlainPlace();
+    boost::optional<ScannedPlace> scanQuotedPlace();
+    boost::optional<DOM::FormulaSyntaxTree::ColumnAxisIndex> scanColumn();
+    boost::optional<DOM::FormulaSyntaxTree::RowAxisIndex> scanRow();
+    bool isInsideWord() const;
+
+    boost::string_ref _rest;
+};
+
+/// Whether a table's name can stand before "!" without quotes, and is taken for nothing else there.
+bool isPlainTableName(boost::string_ref name);
+
+} // namespace QV::Formulas

@@ -1,0 +1,3 @@
+#pragma once
+
+#define VERSIONING_API __attribute__((visibility("default")))

@@ -1,0 +1,305 @@
+#include <Formulas/Public/References.h>
+
+#include <memory>
+#include <ostream>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <boost/regex.hpp>
+#include <boost/variant/get.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <DOM/Public/FormulaSyntaxTree.h>
+#include <Formulas/Public/TableContext.h>
+#include <Utils/Public/Visitor.h>
+
+namespace QV::Formulas {
+namespace {
+
+using namespace DOM::FormulaSyntaxTree;
+
+// What a tree is, in a notation that differs from that of formulas: kind{document|tables|axes}.
+struct Describer
+{
+    static std::string describe(const TableAddress& table)
+    {
+        const UUID* const uuid = boost::get<UUID>(&table);
+        return uuid ? uuid->toString() : boost::get<std::string>(table);
+    }
+    template <RowOrColumnTag Axis>
+    static std::string describe(const AxisIndex<Axis>& index)
+    {
+        return (index.isAbsolute() ? "=" : "") + std::to_string(index.getIndex().get());
+    }
+    template <RowOrColumnTag Axis>
+    static std::string describe(const CellRangeAxis<Axis>& axis)
+    {
+        return axis.isWhole() ? "all" : describe(axis.getFirst()) + "-" + describe(axis.getLast());
+    }
+
+    std::string operator()(const CellAddress& cell) const
+    {
+        return "cell{" + cell.getDocURL() + "|" + describe(cell.getTableAddress()) + "|c" +
+               describe(cell.getColumn()) + " r" + describe(cell.getRow()) + "}";
+    }
+    std::string operator()(const CellRange& range) const
+    {
+        return "range{" + range.getDocURL() + "|" + describe(range.getFirstTableAddress()) + "|" +
+               describe(range.getSecondTableAddress()) + "|c" + describe(range.getColumns()) + " r" +
+               describe(range.getRows()) + "}";
+    }
+    std::string operator()(const Label& label) const
+    {
+        return "label{" + label.getDocURL() + "|" + describe(label.getTableAddress()) + "|" +
+               label.getName() + "}";
+    }
+    std::string operator()(const Error& error) const { return "error{" + error.getText() + "}"; }
+    std::string operator()(const ArgumentsList& list) const
+    {
+        std::string text;
+        for (const auto& item : list.getChildren())
+            text += applyVisitor(*this, static_cast<const Expr&>(*item));
+        return "list{" + text + "}";
+    }
+    std::string operator()(const Expr&) const { return "other"; }
+};
+
+std::string describe(const DOM::Formula& formula)
+{
+    return applyVisitor(Describer(), formula.getSyntaxTree());
+}
+
+struct ReferenceRow
+{
+    const char* name;
+    const char* text;
+    const char* tree;
+    const char* printed; // null: as the text
+};
+
+void PrintTo(const ReferenceRow& row, std::ostream* out)
+{
+    *out << row.text;
+}
+
+const ReferenceRow ReferenceRows[] = {
+    {"Cell",               "A1",                    "cell{||c0 r0}",                                nullptr           },
+    {"LastCell",           "XFD1048576",            "cell{||c16383 r1048575}",                      nullptr           },
+    {"AbsoluteCell",       "$B$2",                  "cell{||c=1 r=1}",                              nullptr           },
+    {"AbsoluteColumn",     "$B2",                   "cell{||c=1 r1}",                               nullptr           },
+    {"AbsoluteRow",        "B$2",                   "cell{||c1 r=1}",                               nullptr           },
+    {"SmallLetters",       "aa10",                  "cell{||c26 r9}",                               "AA10"            },
+    {"OnTable",            "Sheet1!$B$1",           "cell{|Sheet1|c=1 r=0}",                        nullptr           },
+    {"QuotedTable",        "'My sheet'!$A$1:$C$9",  "range{|My sheet||c=0-=2 r=0-=8}",              nullptr           },
+    {"NeedlessQuotes",     "'Sheet1'!A1",           "cell{|Sheet1|c0 r0}",                          "Sheet1!A1"       },
+    {"QuoteInName",        "'It''s'!A1",            "cell{|It's|c0 r0}",                            nullptr           },
+    {"OnlyQuotesInName",   "''''!A1",               "cell{|'|c0 r0}",                               nullptr           },
+    {"SignsInName",        "'a/b(c),d!e'!A1",       "cell{|a/b(c),d!e|c0 r0}",                      nullptr           },
+    {"NameLikeCell",       "'A1'!B2",               "cell{|A1|c1 r1}",                              nullptr           },
+    {"PlainNameLikeCell",  "A1!B2",                 "cell{|A1|c1 r1}",                              "'A1'!B2"         },
+    {"NameLikeRowColumn",  "'R1C1'!B2",             "cell{|R1C1|c1 r1}",                            nullptr           },
+    {"NameLikeRow",        "'rc'!B2",               "cell{|rc|c1 r1}",                              nullptr           },
+    {"NameLikeTruth",      "'True'!B2",             "cell{|True|c1 r1}",                            nullptr           },
+    {"NameOfDigits",       "2019!B2",               "cell{|2019|c1 r1}",                            "'2019'!B2"       },
+    {"NameLikeColumn",     "Sum!A1",                "cell{|Sum|c0 r0}",                             nullptr           },
+    {"LongNameWithDigits", "Data1!A1",              "cell{|Data1|c0 r0}",                           nullptr           },
+    {"NameBeyondAscii",    "Tabelle\xC3\xA4!A1",    "cell{|Tabelle\xC3\xA4|c0 r0}",                 nullptr           },
+    {"Range",              "A1:C9",                 "range{|||c0-2 r0-8}",                          nullptr           },
+    {"RangeOfOneCell",     "A1:A1",                 "range{|||c0-0 r0-0}",                          nullptr           },
+    {"CornersInDisorder",  "$C9:A$1",               "range{|||c0-=2 r=0-8}",                        "A$1:$C9"         },
+    {"Columns",            "$A:$C",                 "range{|||c=0-=2 rall}",                        nullptr           },
+    {"ColumnsInDisorder",  "Sheet1!C:$A",           "range{|Sheet1||c=0-2 rall}",                   "Sheet1!$A:C"     },
+    {"AllCells",           "A1:XFD1048576",         "range{|||c0-16383 r0-1048575}",                nullptr           },
+    {"AllColumns",         "A:XFD",                 "range{|||c0-16383 rall}",                      nullptr           },
+    {"Rows",               "$1:$3",                 "range{|||call r=0-=2}",                        nullptr           },
+    {"RowsOnTable",        "Sheet1!1:1048576",      "range{|Sheet1||call r0-1048575}",              nullptr           },
+    {"Document",           "[1]Sheet1!A1",          "cell{1|Sheet1|c0 r0}",                         nullptr           },
+    {"OwnDocument",        "[0]Sheet1!A1",          "cell{|Sheet1|c0 r0}",                          "Sheet1!A1"       },
+    {"DocumentInQuotes",   "'[1]My sheet'!A:A",     "range{1|My sheet||c0-0 rall}",                 nullptr           },
+    {"DocumentByName",     "[b.xlsx]Sheet1!A1",     "cell{b.xlsx|Sheet1|c0 r0}",                    nullptr           },
+    {"DocumentWithBlank",  "'[b c.xlsx]Sheet1'!A1", "cell{b c.xlsx|Sheet1|c0 r0}",                  nullptr           },
+    {"DocumentAndQuotes",  "[1]'My sheet'!A1",      "cell{1|My sheet|c0 r0}",                       "'[1]My sheet'!A1"},
+    {"DocumentAlone",      "[2]!Rate",              "label{2||Rate}",                               nullptr           },
+    {"QuotedDocument",     "'[b c]'!Rate",          "label{b c||Rate}",                             nullptr           },
+    {"OwnDocumentAlone",   "[0]!Rate",              "label{||Rate}",                                "Rate"            },
+    {"RowOfTables",        "Sheet1:Sheet3!A1",      "range{|Sheet1|Sheet3|c0-0 r0-0}",              nullptr           },
+    {"RowOfTablesRange",   "Sheet1:Sheet3!A1:B2",   "range{|Sheet1|Sheet3|c0-1 r0-1}",              nullptr           },
+    {"RowOfQuotedTables",  "'S 1:S 3'!$A$1",        "range{|S 1|S 3|c=0-=0 r=0-=0}",                nullptr           },
+    {"EachTableQuoted",    "'S 1':'S 3'!$A$1",      "range{|S 1|S 3|c=0-=0 r=0-=0}",                "'S 1:S 3'!$A$1"  },
+    {"RowInDocument",      "[1]a:b!A1",             "range{1|a|b|c0-0 r0-0}",                       nullptr           },
+    {"TablesLikeColumns",  "A:C!B1",                "range{|A|C|c1-1 r0-0}",                        "'A:C'!B1"        },
+    {"Name",               "Rate",                  "label{||Rate}",                                nullptr           },
+    {"NameWithSigns",      "_a.b\\c?1",             "label{||_a.b\\c?1}",                           nullptr           },
+    {"NameOnTable",        "'My sheet'!Rate",       "label{|My sheet|Rate}",                        nullptr           },
+    {"NameBeyondColumns",  "XFE1",                  "label{||XFE1}",                                nullptr           },
+    {"NameBeyondRows",     "A1048577",              "label{||A1048577}",                            nullptr           },
+    {"NameOfColumn",       "A",                     "label{||A}",                                   nullptr           },
+    {"NameWithZero",       "A0",                    "label{||A0}",                                  nullptr           },
+    {"NameBeginsLikeCell", "A1.2",                  "label{||A1.2}",                                nullptr           },
+    {"LostReference",      "#REF!",                 "error{#REF!}",                                 nullptr           },
+    {"LostCells",          "Sheet1!#REF!",          "error{#REF!}",                                 "#REF!"           },
+    {"LostTable",          "#REF!$A$1:$B$2",        "error{#REF!}",                                 "#REF!"           },
+    {"LostBoth",           "#REF!#REF!",            "error{#REF!}",                                 "#REF!"           },
+    {"List",               "(Sheet1!A1,Sheet1!B2)", "list{cell{|Sheet1|c0 r0}cell{|Sheet1|c1 r1}}", nullptr           },
+    {"OpenList",           "A1,Rate",               "list{cell{||c0 r0}label{||Rate}}",             "(A1,Rate)"       },
+    {"ListWithBlanks",     " ( A1 , #REF! ) ",      "list{cell{||c0 r0}error{#REF!}}",              "(A1,#REF!)"      },
+    {"ListOfOne",          "(A1)",                  "cell{||c0 r0}",                                "A1"              },
+    {"BlanksAround",       " A1 ",                  "cell{||c0 r0}",                                "A1"              },
+};
+
+class ParseReference : public testing::TestWithParam<ReferenceRow>
+{
+};
+
+TEST_P(ParseReference, KeepsRow)
+{
+    const ReferenceRow& row = GetParam();
+    const auto formula = parseReference(row.text);
+    ASSERT_TRUE(formula);
+    EXPECT_EQ(describe(*formula), row.tree);
+    EXPECT_EQ(toText(*formula, TableContext()), row.printed ? row.printed : row.text);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ParseReference, testing::ValuesIn(ReferenceRows),
+    [](const auto& row) { return std::string(row.param.name); });
+
+const std::string RefusedTexts[] = {"", " ", "=A1", "A1 B1", "A1+B1", "SUM(A1)", "A1:", ":A1", "A1:B", "A:1",
+    "A:B1", "1", "$1", "$A", "1:A", "A1:Rate", "Rate:A1", "$XFE$1", "$A$1048577", "XFE:XFE", "1:1048577",
+    "$A$0", "A01:B2", "AAAA:AAAA", "$$A1", "A$$1", "1A", "TRUE", "false", "Sheet1!TRUE", "Sheet1!", "!A1",
+    "Sheet1!!A1", "Sheet1!Sheet2!A1", "Sheet1!A1:Sheet1!B2", "My sheet!A1", "a-b!A1", "'a'b!A1", "'a!A1",
+    "''!A1", "'a[b'!A1", "'a]b'!A1", "'a:'!A1", "':a'!A1", "'a:b:c'!A1", "'a':'b:c'!A1", "[1]'a:b'!A1",
+    "[]a!A1", "[1a!A1", "[1]A1", "'[]a'!A1", "'x[1]a'!A1", "'[1][2]a'!A1", "[b c]a!A1", "a:b!Rate",
+    "a:b:c!A1", "a:!A1", "#REF", "#ref!", "#N/A", "#REF!Rate", "#REF!#REF!#REF!", "#REF!A", "(A1", "A1)",
+    "()", "(A1,)", "(,A1)", "((A1,B1),C1)", "(A1)(B1)", "A1,,B1", "{1,2}", "\"A1\"", "A1%", "Table1[Sum]",
+    "A1\t", std::string("A1\0", 3), "Rate!"};
+
+TEST(ParseReferenceErrors, GiveNothing)
+{
+    for (const std::string& text : RefusedTexts)
+        EXPECT_FALSE(parseReference(text)) << text;
+}
+
+TEST(ParseReferenceErrors, LongTextsEndSoon)
+{
+    const std::size_t size = 1U << 18U;
+    EXPECT_FALSE(parseReference(std::string(size, '(')));
+    EXPECT_FALSE(parseReference(std::string(size, '\'')));
+    EXPECT_FALSE(parseReference(std::string(size, '[')));
+    EXPECT_FALSE(parseReference(std::string(size, '1')));
+    EXPECT_FALSE(parseReference("$A$" + std::string(size, '9')));
+    EXPECT_TRUE(parseReference(std::string(size, 'A')));
+    std::string list = "A1";
+    for (std::size_t i = 0; i < size / 8; ++i)
+        list += ",A1";
+    EXPECT_TRUE(parseReference(list));
+}
+
+// The slow and obvious way: one pattern of all that is a reference.
+boost::regex makePattern()
+{
+    const std::string column =
+        "\\$?([A-Za-z]{1,2}|[A-Wa-w][A-Za-z]{2}|[Xx][A-Ea-e][A-Za-z]|[Xx][Ff][A-Da-d])";
+    const std::string row = "\\$?([1-9]\\d{0,5}|10[0-3]\\d{4}|104[0-7]\\d{3}|1048[0-4]\\d{2}|10485[0-6]\\d|"
+                            "104857[0-6])";
+    const std::string cells = "(" + column + row + "(:" + column + row + ")?|" + column + ":" + column + "|" +
+                              row + ":" + row + ")";
+    const std::string truth = "(?i:TRUE|FALSE)";
+    const std::string letter = "A-Za-z\\x80-\\xFF";
+    const std::string name =
+        "(?!" + truth + "(?![" + letter + "0-9_.?\\\\]))[" + letter + "_\\\\][" + letter + "0-9_.?\\\\]*";
+    const std::string plain = "[" + letter + "0-9_.]+";
+    const std::string quoted = "([^'\\[\\]:]|'')+";
+    const std::string table = "(" + plain + "|'" + quoted + "')";
+    const std::string document = "\\[" + plain + "\\]";
+    const std::string longDocument = "\\[([^'\\[\\]]|'')+\\]";
+    const std::string onePlace = "((" + document + ")?" + table + "|" + document + "|'" + longDocument + "(" +
+                                 quoted + ")?'|'" + quoted + "')!";
+    const std::string rowOfTables = "((" + document + ")?" + table + ":" + table + "|'(" + longDocument +
+                                    ")?" + quoted + ":" + quoted + "')!";
+    const std::string reference = "((" + onePlace + ")?(" + cells + "|" + name + ")|" + rowOfTables + cells +
+                                  "|(" + onePlace + "|" + rowOfTables + ")?#REF!|#REF!(" + cells + "|#REF!))";
+    const std::string list = " *" + reference + " *(, *" + reference + " *)*";
+    return boost::regex(" *(\\(" + list + "\\)|" + list + ") *", boost::regex::perl);
+}
+
+const char* const Pieces[] = {"A", "b", "XFD", "XFE", "ZZZ", "AAAA", "1", "9", "0", "1048576", "1048577", "$",
+    "$", ":", ":", "!", "!", ",", "(", ")", " ", "'", "''", "[1]", "[", "]", "Sheet1", "My sheet",
+    "'My sheet'", "'It''s'", "Rate", "TRUE", "R1C1", "_x.y", "\\", "?", "\xC3\xA4", "#REF!", "A1", "$B$2",
+    "A1:B2", "Sheet1!", "'a:b'!", "-"};
+
+std::string makeText(std::mt19937& random)
+{
+    constexpr unsigned MaxPieces = 7;
+    std::string text;
+    for (auto i = random() % MaxPieces + 1; i > 0; --i)
+        text += Pieces[random() % std::size(Pieces)];
+    return text;
+}
+
+TEST(ParseReferenceSweep, AgreesWithThePatternAndReadsWhatItPrints)
+{
+    constexpr int TextsCount = 60000;
+    const boost::regex pattern = makePattern();
+    std::mt19937 random(20); // always the same texts
+    const TableContext context;
+    int accepted = 0;
+    for (int i = 0; i < TextsCount; ++i) {
+        const std::string text = makeText(random);
+        const auto formula = parseReference(text);
+        ASSERT_EQ(formula.has_value(), boost::regex_match(text, pattern)) << text;
+        if (!formula)
+            continue;
+        ++accepted;
+        const std::string printed = toText(*formula, context);
+        const auto again = parseReference(printed);
+        ASSERT_TRUE(again) << text << " printed as " << printed;
+        ASSERT_TRUE(*again == *formula) << text << " printed as " << printed;
+        ASSERT_EQ(toText(*again, context), printed) << text;
+    }
+    EXPECT_GT(accepted, TextsCount / 20);
+}
+
+TEST(ToText, NamesTablesByTheirCurrentNames)
+{
+    const UUID first(1, 1);
+    const UUID second(2, 2);
+    TableContext context;
+    context.addTable(first, "New name");
+    context.addTable(second, "B");
+    const RowAxis rows(RowIndex(0), RowIndex(1));
+    const ColumnAxis columns(ColumnIndex(0), ColumnIndex(0));
+    const auto print = [&](TableAddress a, TableAddress b) {
+        return toText(DOM::Formula(std::make_unique<CellRange>(
+                          EmptyDocumentAddress, std::move(a), std::move(b), columns, rows)),
+            context);
+    };
+    EXPECT_EQ(print(first, std::string()), "'New name'!A1:A2");
+    EXPECT_EQ(print(second, first), "'B:New name'!A1:A2");
+    EXPECT_EQ(print(second, std::string("C")), "'B:C'!A1:A2") << "names like columns have quotes";
+    EXPECT_EQ(print(UUID(3, 3), std::string()), "#REF!A1:A2");
+    EXPECT_EQ(print(first, UUID(3, 3)), "#REF!A1:A2");
+}
+
+TEST(ToText, GivesNothingForWhatIsNoReference)
+{
+    const TableContext context;
+    EXPECT_EQ(toText(DOM::Formula(std::make_unique<Number>(1)), context), "");
+    auto list = std::make_unique<ArgumentsList>();
+    list->appendChild(std::make_unique<Label>(EmptyDocumentAddress, std::string(), "Rate"));
+    list->appendChild(std::make_unique<Number>(1));
+    EXPECT_EQ(toText(DOM::Formula(std::move(list)), context), "");
+    std::unique_ptr<Expr> deep = std::make_unique<Number>(1);
+    for (int i = 0; i < 100000; ++i) {
+        auto outer = std::make_unique<ArgumentsList>();
+        outer->appendChild(std::move(deep));
+        deep = std::move(outer);
+    }
+    EXPECT_EQ(toText(DOM::Formula(std::move(deep)), context), "");
+}
+
+} // namespace
+} // namespace QV::Formulas
