@@ -1,6 +1,6 @@
 """The demonstration workbook: a shop's orders, their summary, and a hidden sheet of rates."""
-from package_parts import (DRAWING_TYPE, HEAD, RELATIONS, inline, jpeg, merges, number, png, relations, row, shared,
-                           typed, workbook)
+from package_parts import (CHART_TYPE, DRAWING_TYPE, HEAD, RELATIONS, inline, jpeg, merges, number, png, relations, row,
+                           shared, typed, workbook)
 
 STRINGS = (
     "<si><r><rPr><b/><sz val=\"16\"/></rPr><t xml:space=\"preserve\">Orders </t></r>"
@@ -106,25 +106,74 @@ def summary_sheet():
             + "</sheetData>")
 
 
-def picture(number_, name, source, start, end):
+def anchored(start, end, content):
     def corner(tag, column, x, line, y):
         return (f"<xdr:{tag}><xdr:col>{column}</xdr:col><xdr:colOff>{x}</xdr:colOff><xdr:row>{line}</xdr:row>"
                 f"<xdr:rowOff>{y}</xdr:rowOff></xdr:{tag}>")
-    return (f'<xdr:twoCellAnchor editAs="oneCell">{corner("from", *start)}{corner("to", *end)}<xdr:pic><xdr:nvPicPr>'
-            f'<xdr:cNvPr id="{number_}" name="{name}"/><xdr:cNvPicPr/></xdr:nvPicPr><xdr:blipFill>'
-            f"<a:blip {source}/><a:stretch><a:fillRect/></a:stretch></xdr:blipFill><xdr:spPr>"
-            f'<a:xfrm><a:off x="0" y="0"/><a:ext cx="914400" cy="457200"/></a:xfrm>'
-            f'<a:prstGeom prst="rect"><a:avLst/></a:prstGeom></xdr:spPr></xdr:pic><xdr:clientData/></xdr:twoCellAnchor>')
+    return (f'<xdr:twoCellAnchor editAs="oneCell">{corner("from", *start)}{corner("to", *end)}{content}'
+            "<xdr:clientData/></xdr:twoCellAnchor>")
+
+
+def picture(number_, name, source, start, end, turn=""):
+    return anchored(start, end, (
+        f'<xdr:pic><xdr:nvPicPr><xdr:cNvPr id="{number_}" name="{name}"/><xdr:cNvPicPr/></xdr:nvPicPr><xdr:blipFill>'
+        f"<a:blip {source}/><a:stretch><a:fillRect/></a:stretch></xdr:blipFill><xdr:spPr>"
+        f'<a:xfrm{turn}><a:off x="0" y="0"/><a:ext cx="914400" cy="457200"/></a:xfrm>'
+        '<a:prstGeom prst="rect"><a:avLst/></a:prstGeom></xdr:spPr></xdr:pic>'))
+
+
+def shape(number_, name, colour, text, start, end):
+    return anchored(start, end, (
+        f'<xdr:sp><xdr:nvSpPr><xdr:cNvPr id="{number_}" name="{name}"/><xdr:cNvSpPr/></xdr:nvSpPr><xdr:spPr>'
+        '<a:xfrm><a:off x="0" y="0"/><a:ext cx="914400" cy="457200"/></a:xfrm><a:prstGeom prst="rect"><a:avLst/>'
+        f'</a:prstGeom><a:solidFill><a:srgbClr val="{colour}"/></a:solidFill></xdr:spPr><xdr:txBody><a:bodyPr/><a:p>'
+        f"<a:r><a:t>{text}</a:t></a:r></a:p></xdr:txBody></xdr:sp>"))
+
+
+def chart_frame(number_, name, relation, start, end):
+    uri = "http://schemas.openxmlformats.org/drawingml/2006/chart"
+    return anchored(start, end, (
+        f'<xdr:graphicFrame macro=""><xdr:nvGraphicFramePr><xdr:cNvPr id="{number_}" name="{name}"/>'
+        '<xdr:cNvGraphicFramePr/></xdr:nvGraphicFramePr><xdr:xfrm><a:off x="0" y="0"/><a:ext cx="0" cy="0"/></xdr:xfrm>'
+        f'<a:graphic><a:graphicData uri="{uri}"><c:chart xmlns:c="{uri}" r:id="{relation}"/></a:graphicData></a:graphic>'
+        "</xdr:graphicFrame>"))
 
 
 def drawing():
     spreadsheet_drawing = "http://schemas.openxmlformats.org/drawingml/2006/spreadsheetDrawing"
     main = "http://schemas.openxmlformats.org/drawingml/2006/main"
-    pictures = (picture(2, "Logo", 'r:embed="rId1"', (9, 12700, 1, 0), (11, 0, 4, 25400))
-                + picture(3, "Photo", 'r:embed="rId2"', (9, 0, 5, 0), (10, 9525, 8, 0))
-                + picture(4, "Elsewhere", 'r:link="rId3"', (12, 0, 1, 0), (13, 0, 4, 0)))
+    # The box of a picture that stands on its side is the one that is seen.
+    frames = (picture(2, "Logo", 'r:embed="rId1"', (9, 12700, 1, 0), (11, 0, 4, 25400))
+              + picture(3, "Photo", 'r:embed="rId2"', (9, 0, 5, 0), (10, 9525, 8, 0))
+              + picture(4, "Elsewhere", 'r:link="rId3"', (12, 0, 1, 0), (13, 0, 4, 0))
+              + picture(5, "Turned", 'r:embed="rId4"', (11, 127000, 1, 0), (12, 0, 5, 0), ' rot="5400000"')
+              + shape(6, "Mark", "FF8800", "checked", (9, 0, 8, 381000), (11, 0, 9, 190500))
+              + chart_frame(7, "Totals", "rId5", (0, 0, 10, 0), (5, 0, 25, 0)))
     return (f'{HEAD}<xdr:wsDr xmlns:xdr="{spreadsheet_drawing}" xmlns:a="{main}" xmlns:r="{RELATIONS}">'
-            f"{pictures}</xdr:wsDr>")
+            f"{frames}</xdr:wsDr>")
+
+
+def chart():
+    """Columns of what each customer pays."""
+    def cached(kind, formula, cache, values):
+        points = "".join(f'<c:pt idx="{i}"><c:v>{value}</c:v></c:pt>' for i, value in enumerate(values))
+        form = "<c:formatCode>General</c:formatCode>" if cache == "numCache" else ""
+        return (f'<c:{kind}><c:f>{formula}</c:f><c:{cache}>{form}<c:ptCount val="{len(values)}"/>{points}</c:{cache}>'
+                f"</c:{kind}>")
+
+    names = cached("strRef", "Orders!$B$3:$B$5", "strCache", ("課長", "Müller &amp; Söhne", "  Ada  "))
+    totals = cached("numRef", "Orders!$E$3:$E$5", "numCache", [repr(order[2] * float(order[3])) for order in ORDERS])
+    title = "<a:p><a:r><a:t>Totals</a:t></a:r></a:p>"
+    return (f'{HEAD}<c:chartSpace xmlns:c="http://schemas.openxmlformats.org/drawingml/2006/chart" '
+            'xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main"><c:chart><c:title><c:tx><c:rich><a:bodyPr/>'
+            f'{title}</c:rich></c:tx><c:overlay val="0"/></c:title><c:autoTitleDeleted val="0"/><c:plotArea><c:layout/>'
+            '<c:barChart><c:barDir val="col"/><c:grouping val="clustered"/><c:varyColors val="0"/><c:ser><c:idx val="0"/>'
+            f'<c:order val="0"/><c:tx>{cached("strRef", "Orders!$E$2", "strCache", ("Total",))}</c:tx>'
+            f'<c:cat>{names}</c:cat><c:val>{totals}</c:val></c:ser><c:gapWidth val="150"/><c:axId val="1"/>'
+            '<c:axId val="2"/></c:barChart><c:catAx><c:axId val="1"/><c:scaling><c:orientation val="minMax"/></c:scaling>'
+            '<c:delete val="0"/><c:axPos val="b"/><c:crossAx val="2"/></c:catAx><c:valAx><c:axId val="2"/><c:scaling>'
+            '<c:orientation val="minMax"/></c:scaling><c:delete val="0"/><c:axPos val="l"/><c:crossAx val="1"/></c:valAx>'
+            "</c:plotArea><c:plotVisOnly val=\"1\"/></c:chart></c:chartSpace>")
 
 
 def parts():
@@ -133,7 +182,7 @@ def parts():
                + "</sheetData>")]
     package = workbook(sheets, "".join(STRINGS), STYLES, extra_types=[
         ("/xl/theme/theme1.xml", "application/vnd.openxmlformats-officedocument.theme+xml"),
-        ("/xl/drawings/drawing1.xml", DRAWING_TYPE)])
+        ("/xl/drawings/drawing1.xml", DRAWING_TYPE), ("/xl/charts/chart1.xml", CHART_TYPE)])
     book = package["xl/_rels/workbook.xml.rels"]
     package["xl/_rels/workbook.xml.rels"] = book.replace(
         "</Relationships>", f'<Relationship Id="rId6" Type="{RELATIONS}/theme" Target="theme/theme1.xml"/></Relationships>')
@@ -144,7 +193,10 @@ def parts():
     package["xl/drawings/drawing1.xml"] = drawing()
     package["xl/drawings/_rels/drawing1.xml.rels"] = relations([
         ("rId1", "image", "../media/image1.png"), ("rId2", "image", "/xl/media/image2.jpeg"),
-        ("rId3", "image", "https://example.org/elsewhere.png", "External")])
+        ("rId3", "image", "https://example.org/elsewhere.png", "External"),
+        ("rId4", "image", "../media/image3.png"), ("rId5", "chart", "../charts/chart1.xml")])
+    package["xl/charts/chart1.xml"] = chart()
     package["xl/media/image1.png"] = png(6, 4, lambda x, y: (40 * x, 60 * y, 128))
     package["xl/media/image2.jpeg"] = jpeg()
+    package["xl/media/image3.png"] = png(8, 4, lambda x, y: (200, 0, 0) if x < 4 else (0, 0, 200))
     return package

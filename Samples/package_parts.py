@@ -11,6 +11,7 @@ STRICT_RELATIONS = "http://purl.oclc.org/ooxml/officeDocument/relationships"
 PACKAGE_RELATIONS = "http://schemas.openxmlformats.org/package/2006/relationships"
 CONTENT_TYPES = "http://schemas.openxmlformats.org/package/2006/content-types"
 SPREADSHEET = "application/vnd.openxmlformats-officedocument.spreadsheetml."
+CHART_TYPE = "application/vnd.openxmlformats-officedocument.drawingml.chart+xml"
 DRAWING_TYPE = "application/vnd.openxmlformats-officedocument.drawing+xml"
 HEAD = '<?xml version="1.0" encoding="UTF-8" standalone="yes"?>\n'
 

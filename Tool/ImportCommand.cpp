@@ -1,10 +1,8 @@
 #include <ImportCommand.h>
 
-#include <functional>
-#include <iostream>
+#include <memory>
 
-#include <boost/filesystem/path.hpp>
-
+#include <DocumentInput.h>
 #include <Filters/ModelJson/ReportJson.h>
 #include <Filters/ModelJson/SpreadsheetJson.h>
 #include <Filters/Package/FilterRun.h>
@@ -17,25 +15,13 @@
 namespace QV::Tool {
 namespace {
 
-const char* const StandardInput = "-";
-
-Filters::Package openPackage(const std::string& file)
-{
-    if (file != StandardInput)
-        return Filters::Package::openFile(file);
-    return Filters::Package::openStream(std::cin);
-}
-
 Filters::ImportOptions makeOptions(const ImportArguments& arguments, const MediaFolder& media)
 {
     Filters::ImportOptions options;
     options.mediaFolder = media.getGrowingFolder();
     options.areIdsSequential = arguments.areIdsSequential;
     options.followsLinks = arguments.followsLinks;
-    if (arguments.file != StandardInput) {
-        const boost::filesystem::path folder = boost::filesystem::path(arguments.file).parent_path();
-        options.documentFolder = folder.empty() ? "." : folder.string();
-    }
+    options.documentFolder = getDocumentFolder(arguments.file);
     return options;
 }
 

@@ -11,6 +11,7 @@
 #include <Filters/Package/PackageError.h>
 #include <ImportCommand.h>
 #include <OutputFile.h>
+#include <PreviewCommand.h>
 #include <Utils/Public/Assertions.h>
 
 namespace {
@@ -24,6 +25,9 @@ enum ExitStatus
     WrongUsage = 2,
     UnwritableOutput = 4,
 };
+
+constexpr const char* ExitStatuses =
+    "Exit status: 0 done; 1 the input cannot be read; 2 wrong usage; 4 an output cannot be written.";
 
 int fail(const std::string& what, ExitStatus status)
 {
@@ -66,8 +70,21 @@ void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
         if (isSameFile(arguments.file, arguments.model) || isSameFile(arguments.file, arguments.report))
             throw CLI::ValidationError("an output cannot replace the document that it is made from");
     });
-    command->footer(
-        "Exit status: 0 done; 1 the input cannot be read; 2 wrong usage; 4 an output cannot be written.");
+    command->footer(ExitStatuses);
+}
+
+void addPreview(CLI::App& app, QV::Tool::PreviewArguments& arguments)
+{
+    CLI::App* const command = app.add_subcommand("preview", "Write a workbook as one page of HTML");
+    command->add_option("FILE", arguments.file, "The document; - is standard input")->required();
+    command->add_option("-o,--output", arguments.output, "The page; - is standard output")->required();
+    command->add_flag(
+        "--follow-links", arguments.followsLinks, "Show linked pictures that lie beside the document too");
+    command->callback([&] {
+        if (isSameFile(arguments.file, arguments.output))
+            throw CLI::ValidationError("an output cannot replace the document that it is made from");
+    });
+    command->footer(ExitStatuses);
 }
 
 int run(int count, char** texts)
@@ -75,17 +92,25 @@ int run(int count, char** texts)
     CLI::App app("Turns documents into the model and back.", "qvfilter");
     app.set_version_flag("--version", "qvfilter " QV_VERSION);
     app.require_subcommand(1);
-    QV::Tool::ImportArguments arguments;
-    addImport(app, arguments);
+    QV::Tool::ImportArguments import;
+    QV::Tool::PreviewArguments preview;
+    addImport(app, import);
+    addPreview(app, preview);
     try {
         app.parse(count, texts);
     } catch (const CLI::ParseError& error) {
         return app.exit(error, std::cout, std::cerr) == 0 ? Done : WrongUsage;
     }
+    const bool isPreview = app.got_subcommand("preview");
     try {
-        QV::Tool::runImport(arguments);
+        if (isPreview)
+            QV::Tool::runPreview(preview);
+        else
+            QV::Tool::runImport(import);
     } catch (const QV::Filters::PackageError& error) {
-        const std::string file = arguments.file == "-" ? "standard input" : arguments.file;
+        std::string file = isPreview ? preview.file : import.file;
+        if (file == "-")
+            file = "standard input";
         return fail(QV::Filters::makePrintable(file) + ": " + error.what(), UnreadableInput);
     }
     return Done;
@@ -95,7 +120,7 @@ int run(int count, char** texts)
 
 int main(int count, char** texts)
 {
-    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is an output that cannot be written
+    (void)std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is an output that cannot be written
     std::ios::sync_with_stdio(false);
     xercesc::XMLPlatformUtils::Initialize();
     QV::setFailAssertHandler(

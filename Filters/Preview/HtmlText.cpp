@@ -68,7 +68,9 @@ std::string escapeHtml(const std::string& text)
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
         const std::size_t length = getSequenceLength(text, i);
-        if (length == 0 || isForbiddenControl(text[i]))
+        if (text[i] == '\r')
+            result += i + 1 < text.size() && text[i + 1] != '\n' ? "\n" : "";
+        else if (length == 0 || isForbiddenControl(text[i]))
             result += Replacement;
         else if (const char* const reference = findReference(text[i]))
             result += reference;

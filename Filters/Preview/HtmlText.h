@@ -10,7 +10,9 @@
 namespace QV::Filters {
 
 /// Makes a text fit for an element's content or a quoted attribute: markup characters become references, and
-/// what HTML does not allow (control characters, bytes that are no UTF-8) becomes U+FFFD.
+/// what HTML does not allow (control characters, bytes that are no UTF-8) becomes U+FFFD. Line ends of
+/// any kind become line feeds; a carriage return at the end of a text goes, since the line feed follows it
+/// elsewhere.
 FILTERS_API std::string escapeHtml(const std::string& text);
 
 /// Whether a page may link to @p url: http, https and mailto, in any letter case, and nothing else. Blanks

@@ -28,9 +28,9 @@ const TextRow EscapeRows[] = {
     {"Empty",          "",                       ""                                                },
     {"Markup",         "<b a=\"1\" c='2'>&amp;", "&lt;b a=&quot;1&quot; c=&#39;2&#39;&gt;&amp;amp;"},
     {"LineAndTab",     "a\tb\nc",                "a\tb\nc"                                         },
-    {"CarriageReturn", "a\rb",
-     "a\xEF\xBF\xBD"
-        "b"                                                                                        },
+    {"CarriageReturn", "a\rb",                   "a\nb"                                            },
+    {"BothLineEnds",   "a\r\nb",                 "a\nb"                                            },
+    {"ReturnAtTheEnd", "a\r",                    "a"                                               },
     {"Nul",            std::string("a\0b",       3),
      "a\xEF\xBF\xBD"
         "b"},
