@@ -67,8 +67,13 @@ EdgeLines::Sides EdgeLines::resolve(unsigned long row, unsigned long column, con
         sides.left = chooseLine(sides.left, borders->getLeft().get());
         sides.top = chooseLine(sides.top, borders->getTop().get());
     }
-    const DOM::LineProps* const right = borders ? borders->getRight().get() : nullptr;
-    const DOM::LineProps* const bottom = borders ? borders->getBottom().get() : nullptr;
+    const DOM::LineProps* right = borders ? borders->getRight().get() : nullptr;
+    const DOM::LineProps* bottom = borders ? borders->getBottom().get() : nullptr;
+    // A hidden cell draws nothing either: the edges on both sides of it are one.
+    if (_grid.getWidth(column) <= 0)
+        right = chooseLine(sides.left, right);
+    if (_grid.getHeight(row) <= 0)
+        bottom = chooseLine(sides.top, bottom);
     // A covered cell draws nothing, and hands on the edges that it has to the cells beside its merge.
     const auto [rows, columns] = _grid.getSpan(row, column);
     const unsigned long endRow = row + rows;

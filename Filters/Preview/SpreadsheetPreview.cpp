@@ -39,6 +39,7 @@ td>div{position:absolute;inset:0;box-sizing:border-box;padding:0 2px;overflow:hi
 flex-direction:column;justify-content:inherit;line-height:1.2}
 td{justify-content:flex-end}
 td p{margin:0;min-width:0}
+td a{color:inherit}
 .frame{position:absolute;box-sizing:border-box;overflow:hidden}
 .frame>img,.frame>svg{display:block;width:100%;height:100%}
 .shape{display:flex;flex-direction:column;justify-content:center;text-align:center;white-space:pre-wrap}

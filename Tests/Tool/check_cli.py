@@ -209,7 +209,7 @@ class Output(Case):
             here.mkdir()
             self.expect(0, "import", self.orders, "--model", "-", "--media", name, cwd=here)
             files = [path.name for path in here.rglob("*") if path.is_file()]
-            self.assertEqual(len(files), 2, (name, files))
+            self.assertEqual(len(files), 3, (name, files))
             shutil.rmtree(here)
 
     def test_picture_that_breaks_off_is_not_kept_with_or_without_a_folder(self):
@@ -243,7 +243,7 @@ class Output(Case):
         model = json.loads((self.folder / "model.json").read_bytes())
         files = {path.name: path.stat().st_size for path in (self.folder / "deep/media").iterdir()}
         self.assertEqual(files, {entry["id"]: entry["bytes"] for entry in model["media"]})
-        self.assertEqual([entry["mimeType"] for entry in model["media"]], ["image/png", "image/jpeg"])
+        self.assertEqual([entry["mimeType"] for entry in model["media"]], ["image/png", "image/jpeg", "image/png"])
         self.assert_only("deep", "model.json")
 
     def test_without_media_folder_no_picture_is_left(self):

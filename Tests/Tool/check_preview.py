@@ -137,14 +137,22 @@ class Preview(unittest.TestCase):
                 inside = 3 if "top" in lines else 1
                 self.assertEqual(pixels.at(left + (x1 + x2) / 2, round(top + y1) + inside), cell["fill"], cell["ref"])
                 fills += 1
-            if "left" in lines and lines["left"]["style"] == "solid":
-                self.assertEqual(pixels.at(round(left + x1), top + (y1 + y2) / 2), lines["left"]["color"], cell["ref"])
-                borders += 1
-            if "top" in lines and lines["top"]["style"] == "solid":
-                self.assertEqual(pixels.at(left + (x1 + x2) / 2, round(top + y1)), lines["top"]["color"], cell["ref"])
-                borders += 1
+            for side, beside, x, y in (("left", (place[0], place[1] - 1), round(left + x1), top + (y1 + y2) / 2),
+                                       ("top", (place[0] - 1, place[1]), left + (x1 + x2) / 2, round(top + y1))):
+                line = self.line_between(lines.get(side), beside, {"left": "right", "top": "bottom"}[side])
+                if line and line["style"] == "solid":
+                    self.assertEqual(pixels.at(x, y), line.get("color", "000000"), (cell["ref"], side))
+                    borders += 1
         self.assertGreater(fills, 10)
         self.assertGreater(borders, 10)
+
+    def line_between(self, own, beside, side):
+        """The line on an edge: the cell's own one, unless that of the cell beside it is wider."""
+        begin = next((first for first, end in self.grid.spans.items()
+                      if first <= beside and beside[0] < end[0] and first[1] <= beside[1] < end[1]), beside)
+        lines = next((cell.get("borders", {}) for cell in self.table["cells"] if reference(cell["ref"]) == begin), {})
+        other = lines.get(side)
+        return other if other and (not own or other["width"] > own["width"]) else own
 
     def test_frames_lie_where_their_anchors_put_them(self):
         left, top = self.origin()

@@ -12,6 +12,9 @@ import os
 import pathlib
 import sys
 
+import openpyxl
+
+from compare_charts import chart_of
 from compare_dimensions import points_of_width
 from compare_drawings import drawn_box, sums
 from compare_formats import expected_links
@@ -62,12 +65,14 @@ def sizes(sheet):
     return {"defaultColumnWidth": 48.0, "defaultRowHeight": default, "columnWidths": widths, "rowHeights": heights}
 
 
-def frame_model(drawn, sheet, names):
-    """Of samples, which have no turned frames; a picture takes the next name."""
+def frame_model(drawn, sheet, names, charts):
+    """A picture takes the next name, and a chart the next chart."""
     def place(marker):
         return {"ref": reference((int(marker[2]) + 1, int(marker[0]) + 1)), "x": marker[1] / 12700,
                 "y": marker[3] / 12700}
     model = {"kind": drawn.kind, "name": drawn.name}
+    if drawn.kind == "other":
+        model.update(kind="chart", **charts.pop(0))
     if drawn.kind == "picture":
         model["media"] = names.pop(0)
     model["anchor"] = {"type": drawn.anchor, "from": place(drawn.start)}
@@ -76,18 +81,23 @@ def frame_model(drawn, sheet, names):
     table = sizes(sheet)
     axes = (sums(table["columnWidths"], table["defaultColumnWidth"]),
             sums(table["rowHeights"], table["defaultRowHeight"]))
-    model["absolute"] = dict(zip(("x", "y", "width", "height"), drawn_box(drawn, axes)))
+    x, y, width, height = drawn_box(drawn, axes)
+    if drawn.is_quarter_turned:
+        x, y, width, height = x + (width - height) / 2, y + (height - width) / 2, height, width
+    model["absolute"] = {"x": x, "y": y, "width": width, "height": height}
+    if drawn.rotation:
+        model["rotation"] = drawn.rotation / 60000
     return model
 
 
-def sheet_model(number, sheet, media):
+def sheet_model(number, sheet, media, charts):
     names = []
     cells = {at: cell_model(at, cell, sheet.formats) for at, cell in sheet.cells.items()}
     add_links(cells, sheet)
     for picture in sheet.pictures:
         names.append(hashlib.sha256(picture.content).hexdigest() + pathlib.PurePosixPath(picture.name).suffix)
         media[names[-1]] = picture.content
-    frames = [frame_model(drawn, sheet, names) for drawn in sheet.drawn
+    frames = [frame_model(drawn, sheet, names, charts) for drawn in sheet.drawn
               if drawn.kind != "picture" or drawn.blip in sheet.stored_blips]
     return {
         "id": f"id{number}", "name": sheet.name,
@@ -221,7 +231,8 @@ def merges_reordered(model, _):
 
 
 def picture_lost(model, _):
-    model["tables"][0]["frames"].pop()
+    frames = model["tables"][0]["frames"]
+    frames.remove(next(frame for frame in frames if frame["kind"] == "picture"))
 
 
 def picture_altered(_, media):
@@ -280,7 +291,11 @@ def main():
         print(error, file=sys.stderr)
         return 1
     media, lost = {}, 0
-    tables = [sheet_model(number, sheet, media) for number, sheet in enumerate(sheets, 1)]
+    charts = [[] for _ in sheets]
+    if any(drawn.kind == "other" for sheet in sheets for drawn in sheet.drawn):
+        charts = [[chart_of(chart) for chart in sheet._charts]  # pylint: disable=protected-access
+                  for sheet in openpyxl.load_workbook(options.file).worksheets]
+    tables = [sheet_model(number, sheet, media, charts[number - 1]) for number, sheet in enumerate(sheets, 1)]
     model = {"format": "xlsx", "tables": tables, "links": [], "media": []}
     lost = sum(cell.is_bad for sheet in sheets for cell in sheet.cells.values())
     damage = os.environ.get("QV_FAKE_DAMAGE")

@@ -9,9 +9,11 @@
 
 #include <gtest/gtest.h>
 
+#include <DOM/Public/ChartSpace.h>
 #include <DOM/Public/Shape.h>
 #include <DOM/Public/Table.h>
 #include <Filters/ModelJson/JsonWriter.h>
+#include <Formulas/Public/TableContext.h>
 
 #include <Tests/Support/FrameBuilder.h>
 
@@ -28,7 +30,7 @@ std::string writeFrame(DOM::Frame frame)
     std::ostringstream out;
     {
         JsonWriter json(out);
-        writeFramesJson(table, json);
+        writeFramesJson(table, Formulas::TableContext(), json);
     }
     std::string text;
     for (const char c : out.str())
@@ -117,12 +119,26 @@ TEST_P(FramesJson, KeepsRow)
 INSTANTIATE_TEST_SUITE_P(Rows, FramesJson, testing::ValuesIn(FrameRows),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST(FramesJsonOfAChart, HasTheChartAndItsPlace)
+{
+    auto chart = std::make_unique<DOM::ChartSpace>();
+    chart->getPlotArea().appendChart(DOM::Chart(DOM::ChartType::Line));
+    DOM::Frame frame;
+    frame.setName("Totals");
+    frame.setAnchor(DOM::AbsoluteAnchor({1, 2}));
+    frame.setExtent(Size2D<float>(3, 4));
+    frame.setGraphicalObject(std::move(chart));
+    EXPECT_EQ(writeFrame(frame),
+        R"([{"kind":"chart","type":"line","series":[],"name":"Totals",)"
+        R"("anchor":{"type":"absolute","x":1.0,"y":2.0},"absolute":{"x":1.0,"y":2.0,"width":3.0,"height":4.0}}])");
+}
+
 TEST(FramesJsonOfATableWithoutFrames, IsAnEmptyArray)
 {
     std::ostringstream out;
     {
         JsonWriter json(out);
-        writeFramesJson(DOM::Table(), json);
+        writeFramesJson(DOM::Table(), Formulas::TableContext(), json);
     }
     EXPECT_EQ(out.str(), "[]\n");
 }

@@ -117,6 +117,8 @@ using Widths = std::vector<float>;
 TEST(EdgeLines, BelongToTheCellBehindThem)
 {
     DOM::Table table;
+    table.setDefaultRowHeight(15);
+    table.setDefaultColumnWidth(48);
     const SheetGrid grid(table, 2, 2);
     EdgeLines edges(grid);
     DOM::BordersProps borders;
@@ -130,9 +132,36 @@ TEST(EdgeLines, BelongToTheCellBehindThem)
     EXPECT_EQ(getWidths(edges.resolve(1, 1, &borders)), (Widths{1, 2, 3, 4}));
 }
 
+TEST(EdgeLines, AreSeenBeyondHiddenRowsAndColumns)
+{
+    DOM::Table table;
+    table.setDefaultRowHeight(15);
+    table.setDefaultColumnWidth(48);
+    DOM::RowProps hiddenRow;
+    hiddenRow.setHidden(true);
+    table.setRowProps(RowIndex(1), hiddenRow);
+    DOM::ColumnProps hiddenColumn;
+    hiddenColumn.setHidden(true);
+    table.setColumnsProps({ColumnIndex(1), ColumnIndex(2)}, hiddenColumn);
+    const SheetGrid grid(table, 3, 3);
+    EdgeLines edges(grid);
+    DOM::BordersProps borders;
+    borders.setRight(makeLine(3));
+    borders.setBottom(makeLine(4));
+    edges.resolve(0, 0, &borders);
+    edges.resolve(0, 1, nullptr);
+    EXPECT_EQ(getWidths(edges.resolve(0, 2, nullptr)), (Widths{3, 0, 0, 0}));
+    for (unsigned long column = 0; column < 3; ++column)
+        edges.resolve(1, column, nullptr);
+    EXPECT_EQ(getWidths(edges.resolve(2, 0, nullptr)), (Widths{0, 4, 0, 0}));
+    EXPECT_EQ(getWidths(edges.resolve(2, 1, nullptr)), (Widths{0, 0, 0, 0}));
+}
+
 TEST(EdgeLines, OfMergesGoRoundThem)
 {
     DOM::Table table;
+    table.setDefaultRowHeight(15);
+    table.setDefaultColumnWidth(48);
     table.ensureSize(4, 3);
     table.setMergeProps(RowIndex(0), ColumnIndex(0), 2, 1);
     const SheetGrid grid(table, 4, 3);

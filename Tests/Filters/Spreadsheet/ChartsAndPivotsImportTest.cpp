@@ -41,13 +41,23 @@ protected:
         json = out.str();
     }
 
-    void addDrawing(const std::string& relationships)
+    /// @param charts the ids of the charts that the drawing shows, in its order; an empty one for a diagram
+    void addDrawing(const std::string& relationships, const std::vector<std::string>& charts)
     {
+        std::string anchors;
+        for (const std::string& id : charts)
+            anchors += "<xdr:absoluteAnchor><xdr:pos x='0' y='0'/><xdr:ext cx='12700' cy='12700'/>"
+                       "<xdr:graphicFrame><a:graphic><a:graphicData>" +
+                       (id.empty() ? std::string() : "<c:chart r:id='" + id + "'/>") +
+                       "</a:graphicData></a:graphic></xdr:graphicFrame></xdr:absoluteAnchor>";
         builder.sheet = "<sheetData/><drawing r:id='d'/>";
         builder.sheetRelationships += makeRelationship("d", TransitionalTypes + "drawing", "drawing.xml");
         builder.items.push_back({"xl/drawing.xml",
-            "<xdr:wsDr "
-            "xmlns:xdr='http://schemas.openxmlformats.org/drawingml/2006/spreadsheetDrawing'/>"});
+            "<xdr:wsDr xmlns:xdr='http://schemas.openxmlformats.org/drawingml/2006/spreadsheetDrawing' "
+            "xmlns:a='http://schemas.openxmlformats.org/drawingml/2006/main' "
+            "xmlns:c='http://schemas.openxmlformats.org/drawingml/2006/chart' "
+            "xmlns:r='http://schemas.openxmlformats.org/officeDocument/2006/relationships'>" +
+                anchors + "</xdr:wsDr>"});
         builder.items.push_back(Tests::makeRelationships("xl/_rels/drawing.xml.rels", relationships));
     }
 
@@ -84,7 +94,7 @@ protected:
 
 TEST_F(ChartsAndPivotsImport, ChartsMayReferToLaterSheets)
 {
-    addDrawing(makeRelationship("c", TransitionalTypes + "chart", "chart.xml"));
+    addDrawing(makeRelationship("c", TransitionalTypes + "chart", "chart.xml"), {"c"});
     addChart("chart.xml", "Later!A1");
     builder.sheetEntries += "<sheet name='Later' sheetId='2' r:id='s2'/>";
     builder.workbookRelationships += makeRelationship("s2", TransitionalTypes + "worksheet", "sheet2.xml");
@@ -98,7 +108,7 @@ TEST_F(ChartsAndPivotsImport, ChartsMayReferToLaterSheets)
 
 TEST_F(ChartsAndPivotsImport, SeriesOfOtherWorkbooksAreLost)
 {
-    addDrawing(makeRelationship("c", TransitionalTypes + "chart", "chart.xml"));
+    addDrawing(makeRelationship("c", TransitionalTypes + "chart", "chart.xml"), {"c"});
     addChart("chart.xml", "[1]One!A1");
     import();
     EXPECT_THAT(listMessages(),
@@ -108,34 +118,41 @@ TEST_F(ChartsAndPivotsImport, SeriesOfOtherWorkbooksAreLost)
 TEST_F(ChartsAndPivotsImport, EachChartPartIsReadOnce)
 {
     addDrawing(makeRelationship("c", TransitionalTypes + "chart", "chart.xml") +
-               makeRelationship("e", TransitionalTypes + "chart", "chart.xml"));
+                   makeRelationship("e", TransitionalTypes + "chart", "chart.xml"),
+        {"c", "e"});
     addChart("chart.xml", "One!A1");
     import();
-    EXPECT_EQ(getFirstTable().getFrames().size(), 1U);
+    ASSERT_EQ(getFirstTable().getFrames().size(), 2U);
+    EXPECT_TRUE(getFirstTable().getFrames()[0]->getGraphicalObject());
+    EXPECT_FALSE(getFirstTable().getFrames()[1]->getGraphicalObject());
     EXPECT_THAT(listMessages(),
         ElementsAre("Chart xl/chart.xml is shown more than once, and read for the first time only"));
 }
 
 TEST_F(ChartsAndPivotsImport, WhatIsNoChartIsToldOnceOrLeftOut)
 {
-    addDrawing(
-        makeRelationship("c", TransitionalTypes + "chart", "bad.xml") +
-        makeRelationship("e", TransitionalTypes + "chart", "missing.xml") +
-        makeRelationship(
-            "f", TransitionalTypes + "chart", "http://a.example/chart.xml", "TargetMode='External'") +
-        makeRelationship("g", TransitionalTypes + "diagramData", "data.xml") +
-        makeRelationship("h", "http://schemas.microsoft.com/office/2014/relationships/chartEx", "new.xml"));
+    addDrawing(makeRelationship("c", TransitionalTypes + "chart", "bad.xml") +
+                   makeRelationship("e", TransitionalTypes + "chart", "missing.xml") +
+                   makeRelationship("f", TransitionalTypes + "chart", "http://a.example/chart.xml",
+                       "TargetMode='External'") +
+                   makeRelationship("g", TransitionalTypes + "diagramData", "data.xml") +
+                   makeRelationship(
+                       "h", "http://schemas.microsoft.com/office/2014/relationships/chartEx", "new.xml"),
+        {"c", "e", "f", ""});
     for (const std::string name : {"bad.xml", "data.xml", "new.xml"})
         builder.items.push_back({"xl/" + name, "<root/>"});
     import();
-    EXPECT_THAT(getFirstTable().getFrames(), IsEmpty());
+    ASSERT_EQ(getFirstTable().getFrames().size(), 4U) << "their places are known";
+    for (const auto& frame : getFirstTable().getFrames())
+        EXPECT_FALSE(frame->getGraphicalObject());
     EXPECT_THAT(
         listMessages(), ElementsAre("Target xl/missing.xml in xl/_rels/drawing.xml.rels is missing",
                             "External target http://a.example/chart.xml in xl/_rels/drawing.xml.rels is "
                             "not followed",
-                            "Part xl/bad.xml is no chart"));
-    EXPECT_THAT(run->getLeftOut(),
-        ElementsAre("diagrams", "charts of newer kinds (treemaps, waterfalls and the like)"));
+                            "Part xl/bad.xml is no chart", "Chart e of xl/drawing.xml is missing",
+                            "Chart f of xl/drawing.xml is missing"));
+    EXPECT_THAT(run->getLeftOut(), ElementsAre("charts of newer kinds (treemaps, waterfalls and the like)",
+                                       "diagrams and other graphics in frames"));
 }
 
 TEST_F(ChartsAndPivotsImport, PivotTablesHaveNameAndPlace)
