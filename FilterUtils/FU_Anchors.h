@@ -8,7 +8,6 @@
 /// AnchorsConverter, which gives the same bits. Arithmetic is that of float, but where double is named.
 
 #include <utility>
-#include <vector>
 
 #include <DOM/Public/Frame.h>
 #include <DOM/Public/TableOffset.h>

@@ -5,6 +5,7 @@
 
 #include <DOM/Public/Adapter/TableCellIterator.h>
 #include <DOM/Public/BordersProps.h>
+#include <DOM/Public/Table.h>
 #include <FilterUtils/FU_Export.h>
 
 namespace QV::DOM {

@@ -16,19 +16,19 @@
 
 #include <boost/container/small_vector.hpp>
 
-#include <DOM/Public/BordersProps.h>
+#include <DOM/Public/BordersProps.h> // IWYU pragma: keep
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/NamedTextStyle.h>
-#include <DOM/Public/ParagraphStyle.h>
-#include <DOM/Public/Properties.h>
+#include <DOM/Public/ParagraphStyle.h> // IWYU pragma: keep
+#include <DOM/Public/Properties.h>     // IWYU pragma: keep
 #include <DOM/Public/RunProps.h>
-#include <DOM/Public/RunStyle.h>
-#include <DOM/Public/Styles.h>
+#include <DOM/Public/RunStyle.h> // IWYU pragma: keep
+#include <DOM/Public/Styles.h>   // IWYU pragma: keep
 #include <DOM/Public/TableStyle.h>
 #include <DOM/Public/TrackChangesViewMode.h>
 #include <FilterUtils/FU_Export.h>
 #include <Utils/Public/Ptr/PtrUtils.h>
-#include <Utils/Public/UUID.h>
+#include <Utils/Public/UUID.h> // IWYU pragma: keep
 
 namespace QV::DOM {
 

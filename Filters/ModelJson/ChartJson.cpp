@@ -85,9 +85,10 @@ private:
             writeReferences("name", *series.getName());
         if (series.getNameText())
             _json.writeMember("nameText", *series.getNameText());
-        if (series.getOwnCategories())
-            writeReferences("categories", *series.getOwnCategories());
-        else if (chart.getCategories())
+        const auto& own = series.getOwnCategories();
+        if (own && !own->empty())
+            writeReferences("categories", *own);
+        else if (!own && chart.getCategories())
             writeReferences("categories", *chart.getCategories());
         else if (!series.getCategoryTexts().empty())
             writePoints("literalCategories", series.getCategoryTexts());

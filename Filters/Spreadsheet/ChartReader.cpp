@@ -20,6 +20,8 @@
 namespace QV::Filters {
 namespace {
 
+constexpr unsigned SeriesMax = 10'000; // of one part; applications have 255
+
 using DOM::ChartGrouping;
 using DOM::ChartType;
 using FilterUtils::XMLElement;
@@ -130,7 +132,12 @@ private:
 
     void addSeries(const XMLElement& element, DOM::Chart& chart)
     {
-        ++_seriesCount;
+        if (++_seriesCount > SeriesMax) {
+            if (_seriesCount == SeriesMax + 1)
+                _report.add(
+                    "Chart {} has more than {} series; the rest is left out", std::to_string(SeriesMax));
+            return;
+        }
         if (getChild(element, "bubbleSize").isValid())
             _run.leaveOut(LeftOut::BubbleSizes);
         ReadSeries read = _seriesReader.read(element);
@@ -141,6 +148,8 @@ private:
             chart.setCategories(std::move(*read.categories));
         else if (read.categories && *read.categories != *chart.getCategories())
             series->setOwnCategories(std::move(*read.categories));
+        else if (!read.categories && !series->getCategoryTexts().empty())
+            series->setOwnCategories({}); // constants
         chart.appendSeries(std::move(series));
     }
 

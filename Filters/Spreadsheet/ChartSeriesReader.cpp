@@ -16,6 +16,10 @@
 namespace QV::Filters {
 namespace {
 
+constexpr std::size_t ReferenceBytesMax = 8192;               // the longest formula that a cell may have
+constexpr std::size_t LevelsMax = 64;                         // of categories within categories
+constexpr std::size_t JoinedBytesMax = std::size_t{16} << 20; // of outer categories before inner ones
+
 using FilterUtils::XMLElement;
 
 struct ReferenceKind
@@ -126,9 +130,10 @@ DOM::Series::Formulas ChartSeriesReader::readFormulas(const XMLElement& referenc
     const std::string text = trim(getChild(reference, "f").getText().value_or(std::string()));
     if (text.empty())
         return boost::none;
-    auto formula = Formulas::parseReference(text);
+    // What no application would take as a formula would be printed for each series that shares it.
+    auto formula = text.size() <= ReferenceBytesMax ? Formulas::parseReference(text) : boost::none;
     if (!formula) {
-        _report.add("Chart {} has an unreadable reference {}", text);
+        _report.add("Chart {} has an unreadable reference {}", text.substr(0, ReferenceBytesMax));
         return boost::none;
     }
     std::vector<DOM::Formula> formulas;
@@ -145,7 +150,10 @@ boost::optional<std::string> ChartSeriesReader::readCachedText(const XMLElement&
 {
     boost::optional<std::string> text;
     for (const DOM::ChartPoint<std::string>& point : readTexts(getChild(reference, "strCache")))
-        text = text ? *text + ' ' + point.value : point.value;
+        if (text)
+            text->append(1, ' ').append(point.value);
+        else
+            text = point.value;
     return text;
 }
 
@@ -166,21 +174,35 @@ DOM::ChartTexts ChartSeriesReader::readTexts(const XMLElement& cache)
 DOM::ChartTexts ChartSeriesReader::readLevels(const XMLElement& cache)
 {
     std::vector<DOM::ChartTexts> levels; // the innermost first
+    bool isWhole = true;
     cache.processElements(_names(Vocabulary::Chart, "lvl"), [&](const XMLElement& level) {
+        isWhole = levels.size() < LevelsMax;
+        if (!isWhole)
+            return;
         levels.push_back(readTexts(level));
         std::stable_sort(levels.back().begin(), levels.back().end(), isBefore);
     });
     if (levels.empty())
         return {};
     DOM::ChartTexts points = std::move(levels.front());
+    std::size_t room = JoinedBytesMax; // an outer text is copied for each point under it
     for (std::size_t i = 1; i < levels.size(); ++i) {
         for (DOM::ChartPoint<std::string>& point : points) {
             // An outer text stands over its own point and those that follow, up to the next outer text.
             const auto next = std::upper_bound(levels[i].begin(), levels[i].end(), point, isBefore);
-            if (next != levels[i].begin())
-                point.value.insert(0, std::prev(next)->value + ' ');
+            if (next == levels[i].begin())
+                continue;
+            const std::string& outer = std::prev(next)->value;
+            isWhole = isWhole && outer.size() < room;
+            if (!isWhole)
+                break;
+            room -= outer.size() + 1;
+            point.value.insert(0, outer + ' ');
         }
     }
+    if (!isWhole)
+        _report.add(
+            "Chart {} has outer categories beyond {}; they are left out", "64 levels or 16777216 bytes");
     return points;
 }
 

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include <Utils/Public/Size2D.h>
 #include <boost/optional.hpp>
 
 #include <DOM/Public/TableOffset.h>
@@ -12,6 +13,7 @@
 #include <Filters/Package/Export.h>
 #include <Filters/Package/Namespaces.h>
 #include <Filters/Spreadsheet/DrawingObjects.h>
+#include <cinder/Vector.h>
 
 namespace QV {
 class OperationReport;

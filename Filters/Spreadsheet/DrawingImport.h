@@ -7,7 +7,6 @@
 
 #include <boost/optional.hpp>
 
-#include <DOM/Public/Frame.h>
 #include <DOM/Public/GraphicalObject.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Spreadsheet/DrawingObjects.h>

@@ -9,6 +9,7 @@
 #include <DOM/Public/ParaProps.h>
 #include <DOM/Public/RunProps.h>
 #include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Spreadsheet/Borders.h>
 #include <Filters/Spreadsheet/FormatParts.h>
 #include <Utils/Public/UUID.h>
 

@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include <DOM/Public/CellStyle.h>
 #include <boost/optional.hpp>
 
 #include <DOM/Public/Cell.h>

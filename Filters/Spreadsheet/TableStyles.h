@@ -1,6 +1,7 @@
 #pragma once
 
 #include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Spreadsheet/Borders.h>
 #include <Filters/Spreadsheet/FormatParts.h>
 
 namespace QV::Filters {

@@ -12,7 +12,8 @@ TableDimensions getTableDimensionsInfo(const DOM::Table& table)
     const float columnWidth = table.getDefaultColumnWidth();
     std::vector<RowDimensions> rows(table.getRowPropsEnd().get(), RowDimensions(rowHeight, false));
     table.forEachRowProps([&](RowIndex row, const DOM::RowProps& props) {
-        rows[row.get()] = RowDimensions(props.getHeight().value_or(rowHeight), props.isHidden());
+        if (props.hasSize()) // a row may have a style alone, and then it may stand beyond all sizes
+            rows[row.get()] = RowDimensions(props.getHeight().value_or(rowHeight), props.isHidden());
     });
 
     std::vector<ColumnDimensions> columns;

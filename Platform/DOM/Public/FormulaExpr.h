@@ -4,7 +4,6 @@
 /// The nodes of a formula's syntax tree: what every kind of node can do. FormulaSyntaxTree.h holds the kinds.
 
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include <DOM/Public/Export.h>

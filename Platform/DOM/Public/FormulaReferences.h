@@ -3,6 +3,7 @@
 /// @file
 /// The nodes of a formula's syntax tree that refer to cells and names.
 
+#include <memory>
 #include <string>
 #include <utility>
 

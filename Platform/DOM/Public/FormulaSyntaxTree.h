@@ -11,7 +11,8 @@
 
 #include <DOM/Public/Export.h>
 #include <DOM/Public/FormulaExpr.h>
-#include <DOM/Public/FormulaReferences.h> // with this header, callers have every kind
+#include <DOM/Public/FormulaReferences.h> // IWYU pragma: keep
+#include <Utils/Public/Visitor.h>
 
 namespace QV::DOM::FormulaSyntaxTree {
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -35,7 +36,7 @@ public:
     Formulas& getValues() { return _values; }
     void setValues(std::vector<Formula> formulas) { _values = std::move(formulas); }
 
-    /// Set only where they differ from those of the series' chart.
+    /// Set only where they differ from those of the series' chart; an empty list where they are constants.
     const Formulas& getOwnCategories() const { return _ownCategories; }
     Formulas& getOwnCategories() { return _ownCategories; }
     void setOwnCategories(std::vector<Formula> formulas) { _ownCategories = std::move(formulas); }

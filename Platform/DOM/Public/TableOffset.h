@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
+#include <Utils/Public/TaggedValue.h>
 
 namespace QV::DOM {
 

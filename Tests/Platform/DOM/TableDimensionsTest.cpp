@@ -39,5 +39,22 @@ TEST(TableDimensions, TellsTheSizeOfWhatIsHidden)
     EXPECT_EQ(dimensions.getColumnsProps()[1].getWidth(), 7);
 }
 
+TEST(TableDimensions, LeaveOutRowsThatHaveAStyleAlone)
+{
+    DOM::RowProps styled;
+    styled.setSharedCellStyle(new DOM::CellStyle);
+    DOM::Table table;
+    table.setRowProps(RowIndex(4), styled);
+    EXPECT_TRUE(getTableDimensionsInfo(table).getRowsProps().empty());
+
+    DOM::RowProps sized;
+    sized.setHeight(20.0F);
+    table.setRowProps(RowIndex(0), sized);
+    table.setRowProps(RowIndex(499), styled);
+    const TableDimensions dimensions = getTableDimensionsInfo(table);
+    ASSERT_EQ(dimensions.getRowsProps().size(), 1U);
+    EXPECT_EQ(dimensions.getRowsProps()[0].getHeight().getValue(), 20);
+}
+
 } // namespace
 } // namespace QV::Adapter
