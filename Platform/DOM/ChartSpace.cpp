@@ -1,8 +1,8 @@
 #include <DOM/Public/ChartSpace.h>
 
-#include <boost/variant/get.hpp>
+#include <memory>
 
-#include <Utils/Public/Ptr/PtrUtils.h>
+#include <boost/variant/get.hpp>
 
 namespace QV::DOM {
 
@@ -16,9 +16,10 @@ ChartSpace::ChartSpace() = default;
 ChartSpace::~ChartSpace() = default;
 
 ChartSpace::ChartSpace(const ChartSpace& other)
-    : _title(copyPtr(other._title))
-    , _plotArea(other._plotArea)
+    : _plotArea(other._plotArea)
 {
+    if (other._title)
+        _title = std::make_unique<ChartTitle>(*other._title);
 }
 
 } // namespace QV::DOM
