@@ -133,8 +133,10 @@ XMLReadResult XMLHardenedParser::read(std::istream& stream)
     if (_streamFailure)
         std::rethrow_exception(_streamFailure);
     if (_inputBreach) {
-        _inputBreach->line = result.line;
-        _inputBreach->column = result.column;
+        if (!_isBreachPlaced) {
+            _inputBreach->line = result.line;
+            _inputBreach->column = result.column;
+        }
         return *_inputBreach;
     }
     if (result.outcome == XMLOutcome::Malformed && stream.fail() && !stream.eof()) {
@@ -175,7 +177,11 @@ std::size_t XMLHardenedParser::pull(std::istream& stream, XMLByte* buffer, std::
         return 0;
     std::size_t count = 0;
     try {
-        count = readBlock(stream, buffer, size);
+        count = feed(stream, reinterpret_cast<char*>(buffer), size);
+    } catch (const Breach& breach) {
+        _inputBreach = breach.result;
+        _isBreachPlaced = true;
+        return 0;
     } catch (...) {
         _streamFailure = std::current_exception();
         return 0;
@@ -184,13 +190,13 @@ std::size_t XMLHardenedParser::pull(std::istream& stream, XMLByte* buffer, std::
     return _inputBreach ? 0 : count;
 }
 
-std::size_t XMLHardenedParser::readBlock(std::istream& stream, XMLByte* buffer, std::size_t size)
+std::size_t XMLHardenedParser::readBlock(std::istream& stream, char* buffer, std::size_t size)
 {
     const StreamExceptions exceptions(stream);
     if (!stream.good())
         return 0;
     const std::size_t wanted = _hasRoot ? size : std::min(size, FirstBlockBytes);
-    stream.read(reinterpret_cast<char*>(buffer), static_cast<std::streamsize>(wanted));
+    stream.read(buffer, static_cast<std::streamsize>(wanted));
     if (stream.eof())
         stream.clear(stream.rdstate() & ~std::ios_base::failbit);
     return stream.fail() ? 0 : static_cast<std::size_t>(stream.gcount());
@@ -200,8 +206,7 @@ void XMLHardenedParser::checkInput(std::size_t blockSize)
 {
     _markupBytes = _progress == _progressBefore ? _markupBytes + blockSize : blockSize;
     _progressBefore = _progress;
-    _bytes += blockSize;
-    checkInputLimit(XMLOutcome::InputLimit, "the document", _options.inputBytes, _bytes);
+    countBytes(blockSize);
     checkInputLimit(XMLOutcome::MarkupLimit, "a tag, comment or section", _options.markupBytes, _markupBytes);
     if (hasEndlessTag() && !_inputBreach)
         _inputBreach = makeResult(XMLOutcome::AttributeLimit, describeAttributeLimit(_options),
@@ -209,6 +214,12 @@ void XMLHardenedParser::checkInput(std::size_t blockSize)
     if (_doctypeBegin)
         checkInputLimit(XMLOutcome::DoctypeLimit, "the document type declaration", _options.doctypeBytes,
             _bytes - *_doctypeBegin);
+}
+
+void XMLHardenedParser::countBytes(std::size_t count)
+{
+    _bytes += count;
+    checkInputLimit(XMLOutcome::InputLimit, "the document", _options.inputBytes, _bytes);
 }
 
 void XMLHardenedParser::checkInputLimit(
@@ -232,7 +243,7 @@ void XMLHardenedParser::breach(
     throw Breach{makeResult(outcome, message, limit, value)};
 }
 
-void XMLHardenedParser::enterElement(const Attributes& attributes, std::size_t attributeCount)
+void XMLHardenedParser::enterElement()
 {
     noteProgress();
     if (!_hasRoot) {
@@ -244,6 +255,11 @@ void XMLHardenedParser::enterElement(const Attributes& attributes, std::size_t a
             fmt::format("elements are nested deeper than {} levels", _options.depth), _options.depth,
             _depth + 1);
     ++_depth;
+}
+
+void XMLHardenedParser::enterElement(const Attributes& attributes, std::size_t attributeCount)
+{
+    enterElement();
     if (attributeCount > 0)
         checkAttributes(attributes, attributeCount);
 }

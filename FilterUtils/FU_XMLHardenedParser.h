@@ -73,6 +73,7 @@ protected:
         std::uint64_t value = 0) const;
 
     // Keeps the bounds at the start of an element, which is inside the element from here on.
+    void enterElement();
     void enterElement(const Attributes& attributes, std::size_t attributeCount);
     void leaveElement();
 
@@ -81,6 +82,7 @@ protected:
 
     // Tells that the markup before has ended.
     void noteProgress() { ++_progress; }
+    std::uint64_t getProgress() const { return _progress; }
 
     bool isNamespaceDeclaration(const xercesc::XMLAttr& attribute) const;
 
@@ -90,6 +92,18 @@ protected:
     // One element declares namespaces; the bounds of those in force are kept already.
     virtual void declareNamespaces(const Attributes& /*attributes*/, std::size_t /*count*/) {}
     virtual void forgetNamespaces() {}
+
+    // The next bytes for the parser; 0 at the end. May throw what the stream throws, and breaches.
+    virtual std::size_t feed(std::istream& stream, char* buffer, std::size_t size)
+    {
+        return readBlock(stream, buffer, size);
+    }
+    std::size_t readBlock(std::istream& stream, char* buffer, std::size_t size);
+
+    // Bytes that the parser does not get to see count too.
+    void countBytes(std::size_t count);
+    bool isBreachPlaced() const { return _isBreachPlaced; }
+    bool hasInputBreach() const { return _inputBreach.has_value(); }
 
     // Whether a tag under way has so many attributes already that reading on is no use. Asked at each block.
     virtual bool hasEndlessTag() const { return false; }
@@ -109,7 +123,6 @@ private:
 
     XMLReadResult parseInput(std::istream& stream);
     std::size_t pull(std::istream& stream, XMLByte* buffer, std::size_t size);
-    std::size_t readBlock(std::istream& stream, XMLByte* buffer, std::size_t size);
     void checkInput(std::size_t blockSize);
     void checkInputLimit(XMLOutcome outcome, const char* what, std::uint64_t limit, std::uint64_t value);
     void checkEncoding() const;
@@ -122,6 +135,7 @@ private:
     XMLReadOptions _options;
     xercesc::SecurityManager _security;
     std::exception_ptr _streamFailure;
+    bool _isBreachPlaced = false;                 // the next one tells its place itself
     boost::optional<XMLReadResult> _inputBreach;  // found while bytes were handed on; the parser sees the end
     std::uint64_t _bytes = 0;                     // handed to the parser
     std::uint64_t _progress = 0;                  // counts events

@@ -74,6 +74,8 @@ XMLStreamParser::XMLStreamParser(const XMLReadOptions& options, const XMLVocabul
     , _handler(handler)
     , _counter(counter)
     , _treeHandler(std::make_shared<XMLThrowingHandler>())
+    , _plainReader(*this, getOptions())
+    , _plainNames(vocabulary, [this](std::u16string_view prefix) { return findNamespace(prefix); })
 {
     // Names of elements and well-formedness are all that matters here; this scanner checks both, and is the
     // fastest.
@@ -81,6 +83,8 @@ XMLStreamParser::XMLStreamParser(const XMLReadOptions& options, const XMLVocabul
     // Without a document type only the five predefined entities are left, and this scanner would count them
     // too.
     setSecurityManager(nullptr);
+    // It is to ask for more only once it has dealt with what it has.
+    setLowWaterMark(0);
     setErrorHandler(_treeHandler.get());
 }
 
@@ -89,9 +93,11 @@ XMLStreamParser::~XMLStreamParser() = default;
 XMLReadResult XMLStreamParser::readStream(std::istream& stream)
 {
     _counter.reset();
-    const XMLReadResult result = read(stream);
+    XMLReadResult result = read(stream);
     if (_handlerFailure)
         std::rethrow_exception(_handlerFailure);
+    if (result.line != 0 && !isBreachPlaced())
+        _plainReader.correctPlace(result);
     return result;
 }
 
@@ -124,6 +130,12 @@ boost::optional<std::u16string_view> XMLStreamParser::findNamespace(std::u16stri
 
 boost::optional<std::u16string_view> XMLStreamParser::findAttribute(int id) const
 {
+    if (_plainTag) {
+        for (std::size_t i = 0; i < _attributeCount; ++i)
+            if (_plainAttributes[i]->id == id && id != XMLVocabulary::Unknown)
+                return _plainTag->getValue(_plainTag->attributes[i]);
+        return boost::none;
+    }
     const unsigned int noNamespace = getScanner()->getEmptyNamespaceId();
     for (const XMLVocabulary::Spelling& spelling : _vocabulary.getSpellings(id))
         for (std::size_t i = 0; i < _attributeCount; ++i) {
@@ -140,13 +152,15 @@ boost::optional<std::u16string_view> XMLStreamParser::findAttribute(int id) cons
 
 XMLStreamStart::Attribute XMLStreamParser::getAttribute(std::size_t index) const
 {
+    if (_plainTag)
+        return {_plainAttributes[index]->uri, _plainAttributes[index]->localName,
+            _plainTag->getValue(_plainTag->attributes[index])};
     const xercesc::XMLAttr& attribute = getElementAttribute(index);
     return {view(getScanner()->getURIText(attribute.getURIId())), view(attribute.getName()),
         view(attribute.getValue())};
 }
 
-const XMLStreamParser::Name& XMLStreamParser::resolveName(
-    const xercesc::XMLElementDecl& declaration, unsigned int uriId)
+const XMLName& XMLStreamParser::resolveName(const xercesc::XMLElementDecl& declaration, unsigned int uriId)
 {
     const NameKey key(&declaration, uriId);
     const auto address = reinterpret_cast<std::uintptr_t>(&declaration);
@@ -158,13 +172,23 @@ const XMLStreamParser::Name& XMLStreamParser::resolveName(
     return *cached.name;
 }
 
-const XMLStreamParser::Name& XMLStreamParser::addName(const NameKey& key)
+const XMLName& XMLStreamParser::addName(const NameKey& key)
 {
     const std::u16string_view localName = view(key.first->getBaseName());
     const std::u16string_view uri = view(getScanner()->getURIText(key.second));
-    spendNames(1, localName.size());
-    const Name name{_vocabulary.findId(uri, localName), std::u16string(uri), std::u16string(localName)};
+    const auto [spent, isNew] =
+        _spentNames.try_emplace({std::u16string(uri), std::u16string(localName)}, false);
+    if (isNew || !spent->second)
+        spendNames(1, localName.size());
+    spent->second = false;
+    const XMLName name{_vocabulary.findId(uri, localName), std::u16string(uri), std::u16string(localName)};
     return _names.emplace(key, name).first->second;
+}
+
+void XMLStreamParser::spendPlainName(const XMLName& name)
+{
+    if (_spentNames.try_emplace({name.uri, name.localName}, true).second)
+        spendNames(1, name.localName.size());
 }
 
 void XMLStreamParser::spendNames(std::size_t count, std::size_t characters)
@@ -193,6 +217,7 @@ void XMLStreamParser::declareNamespaces(const Attributes& attributes, std::size_
         const std::u16string_view prefix = isDefault ? std::u16string_view() : view(attribute.getName());
         _bindings.push_back({getDepth(), std::u16string(prefix), std::u16string(view(attribute.getValue()))});
     }
+    _plainNames.forgetNamespaces();
     // Xerces keeps the text of each different URI.
     const std::size_t known = getScanner()->getURIStringPool()->getStringCount();
     if (known > _knownUris)
@@ -205,6 +230,7 @@ void XMLStreamParser::forgetNamespaces()
 {
     while (!_bindings.empty() && _bindings.back().depth == getDepth())
         _bindings.pop_back();
+    _plainNames.forgetNamespaces();
 }
 
 bool XMLStreamParser::hasEndlessTag() const
@@ -212,39 +238,58 @@ bool XMLStreamParser::hasEndlessTag() const
     return _counter.getCount() > OtherAllocations + AllocationsPerAttribute * getOptions().attributes;
 }
 
+void XMLStreamParser::XMLDecl(const XMLCh* version, const XMLCh* /*encoding*/, const XMLCh* /*standalone*/,
+    const XMLCh* /*actualEncoding*/)
+{
+    _isVersion10 = view(version) == view(xercesc::XMLUni::fgVersion1_0);
+}
+
+// Asks the handler what it wants of the element, and does what can be done at once.
+XMLStep XMLStreamParser::offerElement(const XMLName& name, std::size_t attributeCount)
+{
+    _frames.push_back({&name, _text.size(), false});
+    _attributeCount = attributeCount;
+    const XMLStep step = callHandler([this] { return _handler.onStart(XMLStreamStart(*this)); });
+    switch (step) {
+    case XMLStep::Enter:
+    case XMLStep::Tree:
+        break;
+    case XMLStep::EnterText:
+        _frames.back().gathersText = true;
+        ++_gatheringCount;
+        break;
+    case XMLStep::Skip:
+        _skipDepth = getDepth();
+        break;
+    case XMLStep::Stop:
+        breach(XMLOutcome::Stopped, std::string());
+    }
+    return step;
+}
+
 void XMLStreamParser::startElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId,
     const XMLCh* prefix, const Attributes& attributes, XMLSize_t attributeCount, bool isEmpty, bool isRoot)
 {
+    if (_ignoresEvents)
+        return;
     _counter.reset();
-    enterElement(attributes, attributeCount);
+    const bool isAnnounced = std::exchange(_isTreeAnnounced, false);
+    if (isAnnounced)
+        noteProgress();
+    else
+        enterElement(attributes, attributeCount);
     if (_treeDepth != 0) {
         countTreeNodes(1 + attributeCount);
         XercesDOMParser::startElement(
             declaration, uriId, prefix, attributes, attributeCount, isEmpty, isRoot);
         return;
     }
-    if (_skipDepth == 0) {
-        _frames.push_back({&resolveName(declaration, uriId), _text.size(), false});
-        _attributeCount = attributeCount;
-        switch (callHandler([this] { return _handler.onStart(XMLStreamStart(*this)); })) {
-        case XMLStep::Enter:
-            break;
-        case XMLStep::EnterText:
-            _frames.back().gathersText = true;
-            ++_gatheringCount;
-            break;
-        case XMLStep::Skip:
-            _skipDepth = getDepth();
-            break;
-        case XMLStep::Tree:
-            startTree();
-            countTreeNodes(1 + attributeCount);
-            XercesDOMParser::startElement(
-                declaration, uriId, prefix, attributes, attributeCount, isEmpty, true);
-            return;
-        case XMLStep::Stop:
-            breach(XMLOutcome::Stopped, std::string());
-        }
+    if (_skipDepth == 0 &&
+        (isAnnounced || offerElement(resolveName(declaration, uriId), attributeCount) == XMLStep::Tree)) {
+        startTree();
+        countTreeNodes(1 + attributeCount);
+        XercesDOMParser::startElement(declaration, uriId, prefix, attributes, attributeCount, isEmpty, true);
+        return;
     }
     if (isEmpty)
         endElement(declaration, uriId, isRoot, prefix);
@@ -253,11 +298,22 @@ void XMLStreamParser::startElement(const xercesc::XMLElementDecl& declaration, u
 void XMLStreamParser::endElement(
     const xercesc::XMLElementDecl& declaration, unsigned int uriId, bool isRoot, const XMLCh* prefix)
 {
-    if (_treeDepth != 0) {
-        XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
-        if (getDepth() == _treeDepth)
-            endTree();
-    } else if (_skipDepth == 0) {
+    if (_ignoresEvents)
+        return;
+    if (_treeDepth == 0) {
+        endUnbuilt();
+        return;
+    }
+    XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
+    if (getDepth() == _treeDepth)
+        endTree();
+    leaveElement();
+}
+
+// An element ends that is not part of a tree.
+void XMLStreamParser::endUnbuilt()
+{
+    if (_skipDepth == 0) {
         endEntered();
     } else if (getDepth() == _skipDepth) {
         _skipDepth = 0;
@@ -328,6 +384,8 @@ void XMLStreamParser::endTree()
 
 void XMLStreamParser::docCharacters(const XMLCh* text, XMLSize_t length, bool isCDATA)
 {
+    if (_ignoresEvents)
+        return;
     if (_treeDepth != 0) {
         countTreeNodes(1);
         XMLHardenedParser::docCharacters(text, length, isCDATA);
@@ -343,20 +401,15 @@ void XMLStreamParser::docCharacters(const XMLCh* text, XMLSize_t length, bool is
     _text.append(text, length);
 }
 
-void XMLStreamParser::docComment(const XMLCh* text)
+bool XMLStreamParser::isPlainDocument() const
 {
-    if (_treeDepth != 0)
-        XMLHardenedParser::docComment(text);
-    else
-        noteProgress();
+    return _isVersion10 && view(getScanner()->getReaderMgr()->getCurrentEncodingStr()) == u"UTF-8";
 }
 
-void XMLStreamParser::docPI(const XMLCh* target, const XMLCh* data)
+std::pair<std::uint64_t, std::uint64_t> XMLStreamParser::getParserPlace() const
 {
-    if (_treeDepth != 0)
-        XMLHardenedParser::docPI(target, data);
-    else
-        noteProgress();
+    const xercesc::Locator& locator = *getScanner()->getLocator();
+    return {locator.getLineNumber(), locator.getColumnNumber()};
 }
 
 } // namespace QV::FilterUtils

@@ -5,7 +5,9 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <exception>
+#include <istream>
 #include <map>
 #include <memory>
 #include <string>
@@ -18,6 +20,9 @@
 #include <xercesc/sax/HandlerBase.hpp>
 
 #include <FilterUtils/FU_XMLHardenedParser.h>
+#include <FilterUtils/FU_XMLPlainMarkup.h>
+#include <FilterUtils/FU_XMLPlainNames.h>
+#include <FilterUtils/FU_XMLPlainReader.h>
 #include <FilterUtils/FU_XMLReadOptions.h>
 #include <FilterUtils/FU_XMLStreamReader.h>
 #include <FilterUtils/FU_XMLVocabulary.h>
@@ -53,15 +58,8 @@ public:
     /// Throws what the handler threw.
     XMLReadResult readStream(std::istream& stream);
 
-    struct Name
-    {
-        int id;
-        std::u16string uri;
-        std::u16string localName;
-    };
-
     // What views of elements ask, while an event of theirs is under way.
-    const Name& getName() const { return *_frames.back().name; }
+    const XMLName& getName() const { return *_frames.back().name; }
     int getParentId() const;
     std::size_t getElementDepth() const { return getDepth(); }
     boost::optional<std::u16string_view> findNamespace(std::u16string_view prefix) const;
@@ -69,12 +67,31 @@ public:
     std::size_t getAttributeCount() const { return _attributeCount; }
     XMLStreamStart::Attribute getAttribute(std::size_t index) const;
 
+    // What the reader of plain markup tells, and asks. The sizes are in bytes.
+    XMLTaking takeStart(const XMLPlainTag& tag, std::size_t size);
+    void takeEnd(std::size_t size);
+    void takeText(const std::u16string& text, std::size_t size);
+    void takeComment(std::size_t size)
+    {
+        countBytes(size);
+        noteProgress();
+    }
+    void ignoreEvents() { _ignoresEvents = true; }
+    std::size_t readWindow(std::istream& stream, char* buffer, std::size_t size)
+    {
+        return readBlock(stream, buffer, size);
+    }
+    using XMLHardenedParser::getProgress;
+    using XMLHardenedParser::hasInputBreach;
+    bool isPlainDocument() const;
+    bool isInTree() const { return _treeDepth != 0; }
+    std::size_t getTreeDepth() const { return _treeDepth; }
+    std::pair<std::uint64_t, std::uint64_t> getParserPlace() const;
+
     void startDocument() override {}
     void endDocument() override { checkEnd(); }
-    void XMLDecl(const XMLCh* /*version*/, const XMLCh* /*encoding*/, const XMLCh* /*standalone*/,
-        const XMLCh* /*actualEncoding*/) override
-    {
-    }
+    void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone,
+        const XMLCh* actualEncoding) override;
     void startElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId, const XMLCh* prefix,
         const Attributes& attributes, XMLSize_t attributeCount, bool isEmpty, bool isRoot) override;
     void endElement(const xercesc::XMLElementDecl& declaration, unsigned int uriId, bool isRoot,
@@ -84,6 +101,7 @@ public:
     void docPI(const XMLCh* target, const XMLCh* data) override;
 
 protected:
+    std::size_t feed(std::istream& stream, char* buffer, std::size_t size) override;
     void declareNamespaces(const Attributes& attributes, std::size_t count) override;
     void forgetNamespaces() override;
     bool hasEndlessTag() const override;
@@ -93,7 +111,7 @@ private:
 
     struct Frame
     {
-        const Name* name;
+        const XMLName* name;
         std::size_t textBegin;
         bool gathersText;
     };
@@ -110,19 +128,23 @@ private:
     struct CachedName
     {
         NameKey key;
-        const Name* name;
+        const XMLName* name;
     };
 
     template <typename Function>
     auto callHandler(const Function& function);
 
-    const Name& resolveName(const xercesc::XMLElementDecl& declaration, unsigned int uriId);
-    const Name& addName(const NameKey& key);
+    const XMLName& resolveName(const xercesc::XMLElementDecl& declaration, unsigned int uriId);
+    const XMLName& addName(const NameKey& key);
+    void spendPlainName(const XMLName& name);
     void spendNames(std::size_t count, std::size_t characters);
+    bool resolvePlainTag(const XMLPlainTag& tag);
+    XMLStep offerElement(const XMLName& name, std::size_t attributeCount);
     void startTree();
     void countTreeNodes(std::size_t count);
     void endTree();
     void endEntered();
+    void endUnbuilt();
 
     const XMLVocabulary& _vocabulary;
     XMLStreamHandler& _handler;
@@ -142,7 +164,16 @@ private:
     std::shared_ptr<TreeOwner> _treeOwner; // ready for the next tree, or null
     std::shared_ptr<xercesc::HandlerBase> _treeHandler;
 
-    std::map<NameKey, Name> _names;
+    XMLPlainReader _plainReader;
+    XMLPlainNames _plainNames;
+    const XMLPlainTag* _plainTag = nullptr;       // of the element that starts, unless Xerces has read it
+    std::vector<const XMLName*> _plainAttributes; // their names
+    bool _isTreeAnnounced = false;                // the handler has been asked about the next start
+    bool _ignoresEvents = false;
+    bool _isVersion10 = true;
+
+    std::map<std::pair<std::u16string, std::u16string>, bool> _spentNames; // true: not by Xerces so far
+    std::map<NameKey, XMLName> _names;
     std::array<CachedName, 256> _recentNames{};
     std::size_t _nameCount = 0; // of elements and namespaces
     std::size_t _nameCharacters = 0;

@@ -1,5 +1,6 @@
 // XMLStreamReader: any bytes are read or refused, never an exception; every element that is entered ends; and
-// whatever is well-formed for the stream is so for the tree, with the same text.
+// whatever is well-formed for the stream is so for the tree, with the same text; and a document gives the
+// same events, places and messages in UTF-8 and in UTF-16.
 
 #include <FilterUtils/FU_XMLStreamReader.h>
 
@@ -12,6 +13,7 @@
 #include <xercesc/util/PlatformUtils.hpp>
 
 #include <FilterUtils/FU_XMLElement.h>
+#include <Tests/Support/XMLEventLog.h>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -108,5 +110,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     ChoosingHandler choosing;
     require(read(bytes, choosing).outcome == result.outcome);
+
+    if (const auto utf16 = QV::Tests::convertToUtf16(bytes))
+        require(QV::Tests::readWithLog(bytes) == QV::Tests::readWithLog(*utf16));
     return 0;
 }

@@ -34,6 +34,9 @@ Cell& CellRow::getOrMakeCell(ColumnIndex column)
     const std::size_t position = findPosition(column);
     if (position < _cells.size() && _cells[position]._column == column.get())
         return _cells[position];
+    // Cells that are added to a finished row are few; twice its memory would be for nothing.
+    if (_cells.size() == _cells.capacity())
+        _cells.reserve(_cells.size() + _cells.size() / 8 + 1);
     Cell& cell = *_cells.emplace(_cells.begin() + static_cast<std::ptrdiff_t>(position));
     cell._column = static_cast<std::uint32_t>(column.get());
     return cell;
