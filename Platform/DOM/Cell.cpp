@@ -2,11 +2,15 @@
 
 #include <utility>
 
+#include <DOM/Public/Formula.h>
 #include <Utils/Public/Assertions.h>
 
 namespace QV::DOM {
 
 static_assert(sizeof(Cell) <= 32, "a sheet has millions of cells");
+
+Cell::Extras::Extras() = default;
+Cell::Extras::~Extras() = default;
 
 Cell::~Cell()
 {
@@ -113,6 +117,24 @@ void Cell::setBlocksBesideValue(const SharedCellText& blocks)
     trimExtras();
 }
 
+const Formula* Cell::getFormula() const
+{
+    return _extras ? _extras->formula.get() : nullptr;
+}
+
+Formula* Cell::getFormula()
+{
+    return _extras ? _extras->formula.get() : nullptr;
+}
+
+void Cell::setFormula(std::unique_ptr<Formula> formula)
+{
+    if (!formula && !_extras)
+        return;
+    getOrMakeExtras().formula = std::move(formula);
+    trimExtras();
+}
+
 Cell::Extras& Cell::getOrMakeExtras()
 {
     if (!_extras)
@@ -122,7 +144,7 @@ Cell::Extras& Cell::getOrMakeExtras()
 
 void Cell::trimExtras()
 {
-    if (_extras->mergeProps == MergeProps() && !_extras->blocks)
+    if (_extras->mergeProps == MergeProps() && !_extras->blocks && !_extras->formula)
         _extras.reset();
 }
 

@@ -15,6 +15,8 @@
 
 namespace QV::DOM {
 
+class Formula;
+
 /// How far a merged block reaches beyond its top-left cell: 0 and 0 for a cell that is not merged.
 class MergeProps
 {
@@ -42,8 +44,8 @@ private:
 
 /// A cell of a table: a value, and a style that it shares with other cells.
 ///
-/// A cell is small, since sheets have millions: what few cells have (a merge, a link on a number) lives
-/// apart, and text is shared.
+/// A cell is small, since sheets have millions: what few cells have (a merge, a formula, a link on a number)
+/// lives apart, and text is shared.
 class DOM_API Cell
 {
 public:
@@ -90,6 +92,13 @@ public:
     /// @param blocks null takes them away
     void setBlocksBesideValue(const SharedCellText& blocks);
 
+    /// What the value is computed by; null where the cell has no formula.
+    const Formula* getFormula() const;
+    Formula* getFormula();
+    /// Leaves the value alone.
+    /// @param formula null takes it away
+    void setFormula(std::unique_ptr<Formula> formula);
+
     /// The empty style where the cell has none.
     const CellStyle& getStyle() const;
     /// Null where the cell has none, and looks as its row or column says. An empty style that is there keeps
@@ -105,8 +114,12 @@ private:
 
     struct Extras
     {
+        Extras();
+        ~Extras();
+
         MergeProps mergeProps;
         SharedCellText blocks; // beside a value
+        std::unique_ptr<Formula> formula;
     };
 
     union Value {

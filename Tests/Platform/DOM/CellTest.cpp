@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <DOM/Public/CellText.h>
+#include <DOM/Public/Formula.h>
+#include <DOM/Public/FormulaSyntaxTree.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/Table.h>
@@ -246,6 +248,38 @@ TEST(Cell, MergesAndBlocksBesideItsValueDoNotTouchEachOther)
     table.setMergeProps(RowIndex(0), ColumnIndex(0), 1, 1);
     cell->setBlocksBesideValue(nullptr);
     EXPECT_EQ(table.getMergedRanges().size(), 1U);
+}
+
+TEST(Cell, AFormulaStandsBesideTheValue)
+{
+    Cell cell;
+    EXPECT_EQ(cell.getFormula(), nullptr);
+    cell.setFormula(nullptr);
+    EXPECT_EQ(cell.getFormula(), nullptr);
+    cell.setNumber(7);
+    auto formula = std::make_unique<Formula>(std::make_unique<FormulaSyntaxTree::Number>(1));
+    const Formula* const kept = formula.get();
+    cell.setFormula(std::move(formula));
+    EXPECT_EQ(cell.getNumber(), 7);
+    cell.setText(makePlainCellText("text"));
+    cell.setBlocksBesideValue(makePlainCellText(""));
+    cell.setBlocksBesideValue(nullptr);
+    Cell moved = std::move(cell);
+    EXPECT_EQ(moved.getFormula(), kept);
+    EXPECT_EQ(std::as_const(moved).getFormula(), kept);
+    moved.setFormula(nullptr);
+    EXPECT_EQ(moved.getFormula(), nullptr);
+    EXPECT_EQ(moved.getText()->getPlainText(), "text");
+}
+
+TEST(Cell, AFormulaStaysWhenAMergeEnds)
+{
+    Table table;
+    Cell& cell = table.getOrMakeCell(RowIndex(0), ColumnIndex(0));
+    cell.setFormula(std::make_unique<Formula>(std::make_unique<FormulaSyntaxTree::Number>(1)));
+    table.setMergeProps(RowIndex(0), ColumnIndex(0), 1, 1);
+    table.setMergeProps(RowIndex(0), ColumnIndex(0), 0, 0);
+    EXPECT_NE(cell.getFormula(), nullptr);
 }
 
 } // namespace
