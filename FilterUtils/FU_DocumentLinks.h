@@ -29,8 +29,8 @@ FILTERUTILS_API boost::unordered_set<std::string> findDocURLs(const DOM::Documen
 /// PATH as it stands comes first, be it absolute or relative to the working directory; then PATH below the
 /// folder of the document, also where it is absolute.
 ///
-///     findFileURL("/home/book.xlsx", "file:///tmp/a.xlsx");    // "/tmp/a.xlsx"
-///     findFileURL("/home/book.xlsx", "b.xlsx");                // "/home/b.xlsx"
+///     findFileURL("/docs/book.xlsx", "file:///tmp/a.xlsx");    // "/tmp/a.xlsx"
+///     findFileURL("/docs/book.xlsx", "b.xlsx");                // "/docs/b.xlsx"
 ///
 /// The empty PATH leads to the document's folder. Opens nothing.
 /// Throws boost::filesystem::filesystem_error where the system cannot tell whether a file is there.
