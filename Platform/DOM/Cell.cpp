@@ -2,15 +2,11 @@
 
 #include <utility>
 
-#include <DOM/Public/Formula.h>
 #include <Utils/Public/Assertions.h>
 
 namespace QV::DOM {
 
 static_assert(sizeof(Cell) <= 32, "a sheet has millions of cells");
-
-Cell::Extras::Extras() = default;
-Cell::Extras::~Extras() = default;
 
 Cell::~Cell()
 {
@@ -117,24 +113,6 @@ void Cell::setBlocksBesideValue(const SharedCellText& blocks)
     trimExtras();
 }
 
-const Formula* Cell::getFormula() const
-{
-    return _extras ? _extras->formula.get() : nullptr;
-}
-
-Formula* Cell::getFormula()
-{
-    return _extras ? _extras->formula.get() : nullptr;
-}
-
-void Cell::setFormula(std::unique_ptr<Formula> formula)
-{
-    if (!formula && !_extras)
-        return;
-    getOrMakeExtras().formula = std::move(formula);
-    trimExtras();
-}
-
 Cell::Extras& Cell::getOrMakeExtras()
 {
     if (!_extras)
@@ -157,6 +135,21 @@ const CellStyle& Cell::getStyle() const
 MergeProps Cell::getMergeProps() const
 {
     return _extras ? _extras->mergeProps : MergeProps();
+}
+
+const Formula* Cell::getFormula() const
+{
+    return _extras ? _extras->formula.get_ptr() : nullptr;
+}
+
+Formula* Cell::getFormula()
+{
+    return _extras ? _extras->formula.get_ptr() : nullptr;
+}
+
+void Cell::setFormula(Formula formula)
+{
+    getOrMakeExtras().formula = std::move(formula);
 }
 
 } // namespace QV::DOM

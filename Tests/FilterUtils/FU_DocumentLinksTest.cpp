@@ -18,7 +18,7 @@
 #include <DOM/Public/Frame.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/Table.h>
-#include <Tests/Support/FormulaTrees.h>
+#include <Tests/Support/FormulaNodes.h>
 #include <Tests/Support/TemporaryFolder.h>
 
 namespace QV::FilterUtils {
@@ -44,7 +44,7 @@ ExprPtr makeReference(const std::string& document)
 void setFormula(DOM::Table& table, unsigned long row, ExprPtr root)
 {
     DOM::Cell& cell = table.getOrMakeCell(RowIndex(row), ColumnIndex(0));
-    cell.setFormula(std::make_unique<DOM::Formula>(std::move(root)));
+    cell.setFormula(DOM::Formula(std::move(root)));
 }
 
 template <typename TableType = DOM::Table>

@@ -20,7 +20,7 @@
 #include <DOM/Public/GraphicalObject.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/Table.h>
-#include <Tests/Support/FormulaTrees.h>
+#include <Tests/Support/FormulaNodes.h>
 #include <Tests/Support/RecordedAssertions.h>
 #include <Utils/Public/UUID.h>
 

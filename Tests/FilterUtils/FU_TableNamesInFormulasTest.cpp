@@ -15,7 +15,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <Tests/Support/FormulaTrees.h>
+#include <Tests/Support/FormulaNodes.h>
 #include <Utils/Public/UUID.h>
 
 namespace QV::FilterUtils {

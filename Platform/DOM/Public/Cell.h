@@ -11,11 +11,10 @@
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/CellText.h>
 #include <DOM/Public/Export.h>
+#include <DOM/Public/Formula.h>
 #include <Utils/Public/ReadonlyVector.h>
 
 namespace QV::DOM {
-
-class Formula;
 
 /// How far a merged block reaches beyond its top-left cell: 0 and 0 for a cell that is not merged.
 class MergeProps
@@ -44,7 +43,7 @@ private:
 
 /// A cell of a table: a value, and a style that it shares with other cells.
 ///
-/// A cell is small, since sheets have millions: what few cells have (a merge, a formula, a link on a number)
+/// A cell is small, since sheets have millions: what few cells have (a merge, a link on a number, a formula)
 /// lives apart, and text is shared.
 class DOM_API Cell
 {
@@ -92,13 +91,6 @@ public:
     /// @param blocks null takes them away
     void setBlocksBesideValue(const SharedCellText& blocks);
 
-    /// What the value is computed by; null where the cell has no formula.
-    const Formula* getFormula() const;
-    Formula* getFormula();
-    /// Leaves the value alone.
-    /// @param formula null takes it away
-    void setFormula(std::unique_ptr<Formula> formula);
-
     /// The empty style where the cell has none.
     const CellStyle& getStyle() const;
     /// Null where the cell has none, and looks as its row or column says. An empty style that is there keeps
@@ -108,18 +100,22 @@ public:
 
     MergeProps getMergeProps() const;
 
+    /// What gives the cell its value; null where the cell has none. Valid until the cell gets another
+    /// formula.
+    const Formula* getFormula() const;
+    Formula* getFormula();
+    /// The value stays as it is.
+    void setFormula(Formula formula);
+
 private:
     friend class CellRow; // keeps the column in a gap that the layout has anyway
     friend class Table;   // marks merges, since it also keeps their order
 
     struct Extras
     {
-        Extras();
-        ~Extras();
-
         MergeProps mergeProps;
         SharedCellText blocks; // beside a value
-        std::unique_ptr<Formula> formula;
+        boost::optional<Formula> formula;
     };
 
     union Value {

@@ -14,7 +14,7 @@
 #include <DOM/Public/Frame.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
-#include <Tests/Support/FormulaTrees.h>
+#include <Tests/Support/FormulaNodes.h>
 
 namespace QV::Filters {
 namespace {
@@ -39,7 +39,7 @@ protected:
     {
         DOM::Cell& cell = table.getOrMakeCell(RowIndex(row), ColumnIndex(column));
         cell.setNumber(7);
-        cell.setFormula(std::make_unique<DOM::Formula>(std::move(root)));
+        cell.setFormula(DOM::Formula(std::move(root)));
         return cell;
     }
 
