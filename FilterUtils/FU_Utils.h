@@ -9,7 +9,9 @@
 #include <FilterUtils/FU_CellQueries.h>              // IWYU pragma: keep
 #include <FilterUtils/FU_ChartQueries.h>             // IWYU pragma: keep
 #include <FilterUtils/FU_Colors.h>                   // IWYU pragma: keep
+#include <FilterUtils/FU_DocumentLinks.h>            // IWYU pragma: keep
 #include <FilterUtils/FU_Errors.h>                   // IWYU pragma: keep
+#include <FilterUtils/FU_GeometryParserUtils.h>      // IWYU pragma: keep
 #include <FilterUtils/FU_IDGenerators.h>             // IWYU pragma: keep
 #include <FilterUtils/FU_Lengths.h>                  // IWYU pragma: keep
 #include <FilterUtils/FU_LocalFSMediaStorage.h>      // IWYU pragma: keep
@@ -22,6 +24,7 @@
 #include <FilterUtils/FU_StyleHierarchy.h>           // IWYU pragma: keep
 #include <FilterUtils/FU_TableDimensionsInfo.h>      // IWYU pragma: keep
 #include <FilterUtils/FU_TableIndices.h>             // IWYU pragma: keep
+#include <FilterUtils/FU_TableNamesInFormulas.h>     // IWYU pragma: keep
 #include <FilterUtils/FU_Text.h>                     // IWYU pragma: keep
 #include <FilterUtils/FU_XMLElement.h>               // IWYU pragma: keep
 #include <FilterUtils/FU_XMLNames.h>                 // IWYU pragma: keep

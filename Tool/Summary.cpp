@@ -103,6 +103,8 @@ std::vector<MessageGroup> groupMessages(const OperationReport& report)
     return groups;
 }
 
+} // namespace
+
 void writeMessages(const OperationReport& report, std::ostream& out)
 {
     const std::vector<MessageGroup> groups = groupMessages(report);
@@ -115,8 +117,6 @@ void writeMessages(const OperationReport& report, std::ostream& out)
             out << std::string(11, ' ') << "...\n";
     }
 }
-
-} // namespace
 
 void writeSummary(const std::string& name, const Filters::FilterRun& run, std::ostream& out)
 {

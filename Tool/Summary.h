@@ -3,6 +3,9 @@
 #include <iosfwd>
 #include <string>
 
+namespace QV {
+class OperationReport;
+}
 namespace QV::Filters {
 class FilterRun;
 }
@@ -11,5 +14,8 @@ namespace QV::Tool {
 
 /// Tells a person what came in: the sheets, what was left out, and the messages in groups.
 void writeSummary(const std::string& name, const Filters::FilterRun& run, std::ostream& out);
+
+/// Tells the messages of a report in groups; those about what was left out are not among them.
+void writeMessages(const OperationReport& report, std::ostream& out);
 
 } // namespace QV::Tool

@@ -10,6 +10,7 @@
 
 #include <Filters/Package/PackageError.h>
 #include <ImportCommand.h>
+#include <LinksCommand.h>
 #include <OutputFile.h>
 #include <PreviewCommand.h>
 #include <Utils/Public/Assertions.h>
@@ -87,14 +88,27 @@ void addPreview(CLI::App& app, QV::Tool::PreviewArguments& arguments)
     command->footer(ExitStatuses);
 }
 
+void addLinks(CLI::App& app, QV::Tool::LinksArguments& arguments)
+{
+    CLI::App* const command =
+        app.add_subcommand("links", "List what a document refers to, and the local files that this is");
+    command
+        ->add_option("FILE", arguments.file, "A workbook, text document or presentation; - is standard input")
+        ->required();
+    command->add_flag("--json", arguments.isJson, "Write JSON instead of lines for a person");
+    command->footer(ExitStatuses);
+}
+
 int run(int count, char** texts)
 {
     CLI::App app("Turns documents into the model and back.", "qvfilter");
     app.set_version_flag("--version", "qvfilter " QV_VERSION);
     app.require_subcommand(1);
     QV::Tool::ImportArguments import;
+    QV::Tool::LinksArguments links;
     QV::Tool::PreviewArguments preview;
     addImport(app, import);
+    addLinks(app, links);
     addPreview(app, preview);
     try {
         app.parse(count, texts);
@@ -102,13 +116,16 @@ int run(int count, char** texts)
         return app.exit(error, std::cout, std::cerr) == 0 ? Done : WrongUsage;
     }
     const bool isPreview = app.got_subcommand("preview");
+    const bool isLinks = app.got_subcommand("links");
     try {
         if (isPreview)
             QV::Tool::runPreview(preview);
+        else if (isLinks)
+            QV::Tool::runLinks(links);
         else
             QV::Tool::runImport(import);
     } catch (const QV::Filters::PackageError& error) {
-        std::string file = isPreview ? preview.file : import.file;
+        std::string file = isPreview ? preview.file : isLinks ? links.file : import.file;
         if (file == "-")
             file = "standard input";
         return fail(QV::Filters::makePrintable(file) + ": " + error.what(), UnreadableInput);

@@ -6,6 +6,7 @@
 
 #include <Filters/ModelJson/JsonWriter.h>
 #include <Filters/Package/FilterRun.h>
+#include <Utils/Public/OperationReport.h>
 
 namespace QV::Filters {
 namespace {
@@ -22,13 +23,11 @@ struct ArgumentWriter
 
 } // namespace
 
-void writeReportJson(const FilterRun& run, std::ostream& out)
+void writeMessagesJson(const OperationReport& report, JsonWriter& json)
 {
-    JsonWriter json(out);
-    json.beginObject();
     json.writeKey("messages");
     json.beginArray();
-    for (const OperationReport::Message& message : run.getReport().getMessages()) {
+    for (const OperationReport::Message& message : report.getMessages()) {
         json.beginObject();
         json.writeMember("message", message.toString());
         json.writeMember("text", message.getText());
@@ -40,6 +39,13 @@ void writeReportJson(const FilterRun& run, std::ostream& out)
         json.endObject();
     }
     json.endArray();
+}
+
+void writeReportJson(const FilterRun& run, std::ostream& out)
+{
+    JsonWriter json(out);
+    json.beginObject();
+    writeMessagesJson(run.getReport(), json);
     json.writeKey("leftOut");
     json.beginArray();
     for (const std::string& what : run.getLeftOut())

@@ -32,21 +32,6 @@ int convertHexDigit(char digit)
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-// RFC 3986, 2.1. A "%" without two hexadecimal digits stands for itself.
-std::string decodePercents(boost::string_ref text)
-{
-    std::string decoded;
-    decoded.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const int high = text[i] == '%' && i + 2 < text.size() ? convertHexDigit(text[i + 1]) : -1;
-        const int low = high >= 0 ? convertHexDigit(text[i + 2]) : -1;
-        decoded += low >= 0 ? static_cast<char>(high * 16 + low) : text[i];
-        if (low >= 0)
-            i += 2;
-    }
-    return decoded;
-}
-
 // RFC 3986, 3.1: a letter, then letters, digits, "+", "-" and ".", then ":". Drive letters are schemes, too.
 bool startsWithScheme(boost::string_ref target)
 {
@@ -119,6 +104,21 @@ bool hasParentSegment(const std::string& name)
 }
 
 } // namespace
+
+// RFC 3986, 2.1.
+std::string decodePercents(boost::string_ref text)
+{
+    std::string decoded;
+    decoded.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const int high = text[i] == '%' && i + 2 < text.size() ? convertHexDigit(text[i + 1]) : -1;
+        const int low = high >= 0 ? convertHexDigit(text[i + 2]) : -1;
+        decoded += low >= 0 ? static_cast<char>(high * 16 + low) : text[i];
+        if (low >= 0)
+            i += 2;
+    }
+    return decoded;
+}
 
 boost::optional<std::string> normalizePartName(boost::string_ref name)
 {

@@ -16,6 +16,9 @@
 
 namespace QV::Filters {
 
+/// Puts each percent-encoded character back, once. A "%" without two hexadecimal digits stands for itself.
+FILTERS_API std::string decodePercents(boost::string_ref text);
+
 /// Brings the name of an archive's item into the form of a part name: "\" becomes "/", one leading "/" is
 /// dropped, and so are empty and "." segments. Percent-encoded characters stay as they are written.
 ///

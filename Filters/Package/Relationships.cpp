@@ -70,7 +70,7 @@ RelationshipOpt readRelationship(const XMLElement& element, const Source& source
         return resolve(std::move(relationship), source, report);
     if (!relationship.isType("hyperlink") &&
         !relationship.isType("image")) // who shows a picture speaks of it
-        report.emplace_back("External target {} in {} is not followed", *target, source.relationshipsPart);
+        report.emplace_back(Relationships::NotFollowedMessage, *target, source.relationshipsPart);
     return relationship;
 }
 

@@ -39,6 +39,9 @@ struct FILTERS_API Relationship
 class FILTERS_API Relationships
 {
 public:
+    /// The text of the messages about external targets.
+    static constexpr const char* NotFollowedMessage = "External target {} in {} is not followed";
+
     /// Reads the relationships of @p sourcePart, or those of the package where that is empty. None are an
     /// empty list. What is wrong is left out, each with one message (the second argument is the part that
     /// holds the relationships):
@@ -50,8 +53,7 @@ public:
     ///
     /// Kept, with a message:
     ///     - "Relationship to {} in {} has no id"
-    ///     - "External target {} in {} is not followed": an external one, other than a
-    ///       hyperlink or a picture
+    ///     - NotFollowedMessage: an external one, other than a hyperlink or a picture
     ///
     /// Nothing external is opened or looked up here. Throws PackageError as readXml does.
     static Relationships read(Package& package, const std::string& sourcePart, OperationReport& report);

@@ -16,6 +16,7 @@
 #include <DOM/Public/Shape.h>
 #include <FilterUtils/FU_AnchorsConverter.h>
 #include <FilterUtils/FU_Colors.h>
+#include <FilterUtils/FU_GeometryParserUtils.h>
 #include <FilterUtils/FU_MediaStorage.h>
 #include <FilterUtils/FU_TableDimensionsInfo.h>
 #include <Filters/Package/FilterRun.h>
@@ -130,9 +131,13 @@ private:
             css += "overflow:visible;";
         else
             css += "border:1px solid #666;";
-        if (shape.getPresetGeometry() == "ellipse")
+        const std::string& geometry = shape.getPresetGeometry();
+        const std::string preset = FilterUtils::looksLikeOOXMLPresetType(geometry)
+                                       ? FilterUtils::makePlainPresetType(geometry)
+                                       : std::string();
+        if (preset == "ellipse")
             css += "border-radius:50%;";
-        else if (shape.getPresetGeometry() == "roundRect")
+        else if (preset == "roundRect")
             css += "border-radius:12%;";
         _page += fmt::format("<div class=\"frame{}\" style=\"{}\">", isGroup ? "" : " shape", css);
         if (shape.getText())

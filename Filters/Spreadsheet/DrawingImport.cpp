@@ -11,6 +11,7 @@
 #include <DOM/Public/Shape.h>
 #include <DOM/Public/Table.h>
 #include <FilterUtils/FU_AnchorsConverter.h>
+#include <FilterUtils/FU_GeometryParserUtils.h>
 #include <FilterUtils/FU_TableDimensionsInfo.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Relationships.h>
@@ -39,7 +40,8 @@ DOM::SharedCellText makeText(const std::vector<std::string>& paragraphs)
 std::unique_ptr<DOM::GraphicalObject> makeShape(const DrawnObject& object)
 {
     auto shape = std::make_unique<DOM::Shape>();
-    shape->setPresetGeometry(object.presetGeometry);
+    if (!object.presetGeometry.empty())
+        shape->setPresetGeometry(FilterUtils::makeOOXMLPresetType(object.presetGeometry));
     shape->setFillColor(object.fillColor);
     shape->setText(makeText(object.paragraphs));
     return shape;

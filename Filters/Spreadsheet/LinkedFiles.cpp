@@ -1,38 +1,15 @@
 #include <Filters/Spreadsheet/LinkedFiles.h>
 
 #include <algorithm>
-#include <cstddef>
 
 #include <boost/filesystem/operations.hpp>
+
+#include <Filters/Package/PartNames.h>
 
 namespace QV::Filters {
 namespace {
 
 namespace fs = boost::filesystem;
-
-int readHexDigit(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-std::string decodePercents(const std::string& text)
-{
-    std::string decoded;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const int high = text[i] == '%' && i + 2 < text.size() ? readHexDigit(text[i + 1]) : -1;
-        const int low = high >= 0 ? readHexDigit(text[i + 2]) : -1;
-        if (low < 0) {
-            decoded += text[i];
-            continue;
-        }
-        decoded += static_cast<char>(static_cast<unsigned char>(high * 16 + low));
-        i += 2;
-    }
-    return decoded;
-}
 
 bool isBelow(const fs::path& path, const fs::path& folder)
 {

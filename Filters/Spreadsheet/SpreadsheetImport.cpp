@@ -21,6 +21,7 @@
 #include <Filters/Spreadsheet/Colors.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
 #include <Filters/Spreadsheet/DrawingImport.h>
+#include <Filters/Spreadsheet/FormulaNames.h>
 #include <Filters/Spreadsheet/LeftOut.h>
 #include <Filters/Spreadsheet/PivotReader.h>
 #include <Filters/Spreadsheet/SharedStrings.h>
@@ -72,6 +73,7 @@ public:
         for (const SheetEntry& sheet : workbook.sheets)
             importSheet(sheet, context);
         readDrawings();
+        resolveFormulaNames(_run);
     }
 
 private:

@@ -53,7 +53,7 @@ private:
 
 /// A chart as it lies on a sheet or slide: its title and its plot area. A copy shares nothing with its
 /// original.
-class DOM_API ChartSpace final : public GraphicalObject
+class DOM_API ChartSpace : public GraphicalObject
 {
 public:
     ChartSpace();

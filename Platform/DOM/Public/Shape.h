@@ -27,7 +27,8 @@ public:
     Shape();
     ~Shape() override;
 
-    /// The preset outline, such as "rect" or "ellipse"; empty for a group, and for an outline of its own.
+    /// The preset outline, marked with the family of formats that it comes from: "ooxml-rect". Empty for a
+    /// group, and for an outline of its own.
     const std::string& getPresetGeometry() const { return _presetGeometry; }
     void setPresetGeometry(std::string name) { _presetGeometry = std::move(name); }
 

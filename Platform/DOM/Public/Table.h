@@ -50,7 +50,7 @@ private:
 ///
 /// Cells exist where something put them; a table of any size without cells takes no room. Rows and columns
 /// that were not removed are live, and counted. One thread at a time.
-class DOM_API Table final : public Block
+class DOM_API Table : public Block
 {
 public:
     /// Columns [first, second) that share their properties.

@@ -54,7 +54,7 @@ void PrintTo(const FrameRow& row, std::ostream* out)
 std::unique_ptr<DOM::Shape> makeShape()
 {
     auto shape = std::make_unique<DOM::Shape>();
-    shape->setPresetGeometry("ellipse");
+    shape->setPresetGeometry("ooxml-ellipse");
     shape->setFillColor(DOM::Color(DOM::Color::RGBA(1, 2, 3, 4)));
     shape->setText(DOM::makePlainCellText("a\nb"));
     return shape;
@@ -79,7 +79,7 @@ const FrameRow FrameRows[] = {
      [](DOM::Frame& frame) { frame.setGraphicalObject(std::make_unique<DOM::Picture>("a", "")); },
      R"([{"kind":"picture","media":"a","anchor":{"type":"text"}}])"                                                                                                                         },
     {"Shape",            [](DOM::Frame& frame) { frame.setGraphicalObject(makeShape()); },
-     R"([{"kind":"shape","geometry":"ellipse","fill":"010203","text":"a\nb","anchor":{"type":"text"}}])"                                                                                    },
+     R"([{"kind":"shape","geometry":"ooxml-ellipse","fill":"010203","text":"a\nb","anchor":{"type":"text"}}])"                                                                              },
     {"Group",            [](DOM::Frame& frame) { frame.setGraphicalObject(makeGroup()); },
      R"([{"kind":"group","anchor":{"type":"text"},"children":[{"kind":"shape",)"
         R"("anchor":{"type":"absolute","x":1.0,"y":2.0},"absolute":{"x":1.0,"y":2.0,"width":3.0,"height":4.0}}]}])"                                                                         },

@@ -106,6 +106,23 @@ TEST_F(ChartsAndPivotsImport, ChartsMayReferToLaterSheets)
     EXPECT_THAT(run->getLeftOut(), ElementsAre("axes, legends and formatting of charts"));
 }
 
+TEST_F(ChartsAndPivotsImport, ReferencesFollowTheNamesOfSheets)
+{
+    addDrawing(makeRelationship("c", TransitionalTypes + "chart", "chart.xml"), {"c"});
+    addChart("chart.xml", "LATER!A1");
+    builder.sheetEntries += "<sheet name='Later' sheetId='2' r:id='s2'/>";
+    builder.workbookRelationships += makeRelationship("s2", TransitionalTypes + "worksheet", "sheet2.xml");
+    builder.items.push_back({"xl/sheet2.xml", "<worksheet xmlns='" + Tests::SheetNamespace + "'/>"});
+    import();
+    EXPECT_THAT(json, HasSubstr(R"("values": "Later!A1")"));
+    for (DOM::Block& block : run->getDocument().getBlocks())
+        if (auto& table = dynamic_cast<DOM::Table&>(block); table.getName() == "Later")
+            table.setName("Much later");
+    std::ostringstream out;
+    writeSpreadsheetJson(*run, out);
+    EXPECT_THAT(out.str(), HasSubstr(R"("values": "'Much later'!A1")"));
+}
+
 TEST_F(ChartsAndPivotsImport, SeriesOfOtherWorkbooksAreLost)
 {
     addDrawing(makeRelationship("c", TransitionalTypes + "chart", "chart.xml"), {"c"});

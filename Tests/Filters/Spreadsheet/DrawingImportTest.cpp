@@ -159,11 +159,11 @@ TEST_F(DrawingImport, ReadsWhatAShapeShows)
     ASSERT_EQ(table.getFrames().size(), 2U);
     EXPECT_EQ(getFrame(0).getName(), "Box 1");
     const DOM::Shape& shape = getShape(getFrame(0));
-    EXPECT_EQ(shape.getPresetGeometry(), "roundRect");
+    EXPECT_EQ(shape.getPresetGeometry(), "ooxml-roundRect");
     EXPECT_TRUE(shape.getFillColor() == DOM::Color(DOM::Color::RGBA(255, 204, 0, 255)));
     ASSERT_TRUE(shape.getText());
     EXPECT_EQ(shape.getText()->getPlainText(), "one two\nthree\n\nfour");
-    EXPECT_EQ(getShape(getFrame(1)).getPresetGeometry(), "line");
+    EXPECT_EQ(getShape(getFrame(1)).getPresetGeometry(), "ooxml-line");
     EXPECT_FALSE(getShape(getFrame(1)).getText());
     EXPECT_FALSE(getShape(getFrame(1)).getFillColor());
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <Filters/Package/Export.h>
+
+namespace QV::Filters {
+
+class FilterRun;
+
+/// Finishes the formulas of the run's document, once all of its tables are there: names of tables become
+/// identifiers in the formulas of cells and charts, whatever the case of their letters, and the documents
+/// that cells refer to are noted as links, in byte order.
+FILTERS_API void resolveFormulaNames(FilterRun& run);
+
+} // namespace QV::Filters
