@@ -9,6 +9,7 @@
 #include <FilterUtils/FU_CellQueries.h>              // IWYU pragma: keep
 #include <FilterUtils/FU_ChartQueries.h>             // IWYU pragma: keep
 #include <FilterUtils/FU_Colors.h>                   // IWYU pragma: keep
+#include <FilterUtils/FU_DateTimeFormatCodes.h>      // IWYU pragma: keep
 #include <FilterUtils/FU_Errors.h>                   // IWYU pragma: keep
 #include <FilterUtils/FU_IDGenerators.h>             // IWYU pragma: keep
 #include <FilterUtils/FU_Lengths.h>                  // IWYU pragma: keep
