@@ -1,5 +1,6 @@
 #include <Filters/ModelJson/SpreadsheetJson.h>
 
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <utility>
@@ -61,8 +62,12 @@ void writeNumberFormat(
         json.writeMember("format", format->getCode());
     if (cell.getKind() != DOM::Cell::Kind::Number)
         return;
-    const std::string display = displays.displayNumber(cell.getNumber(), format).text;
-    if (display != fmt::format("{}", cell.getNumber()))
+    const double number = cell.getNumber();
+    constexpr double ShownAsItIs = 1e10; // with room for a whole number's digits
+    if (!format && std::fabs(number) < ShownAsItIs && std::trunc(number) == number && number != 0)
+        return;
+    const std::string display = displays.displayNumber(number, format).text;
+    if (display != fmt::format("{}", number))
         json.writeMember("display", display);
 }
 
