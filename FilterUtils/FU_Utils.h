@@ -10,6 +10,7 @@
 #include <FilterUtils/FU_ChartQueries.h>             // IWYU pragma: keep
 #include <FilterUtils/FU_Colors.h>                   // IWYU pragma: keep
 #include <FilterUtils/FU_DocumentLinks.h>            // IWYU pragma: keep
+#include <FilterUtils/FU_DateTimeFormatCodes.h>      // IWYU pragma: keep
 #include <FilterUtils/FU_Errors.h>                   // IWYU pragma: keep
 #include <FilterUtils/FU_GeometryParserUtils.h>      // IWYU pragma: keep
 #include <FilterUtils/FU_IDGenerators.h>             // IWYU pragma: keep

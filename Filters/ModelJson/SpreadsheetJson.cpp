@@ -1,5 +1,6 @@
 #include <Filters/ModelJson/SpreadsheetJson.h>
 
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <utility>
@@ -20,6 +21,7 @@
 #include <Filters/ModelJson/FramesJson.h>
 #include <Filters/ModelJson/JsonWriter.h>
 #include <Filters/ModelJson/PivotJson.h>
+#include <Filters/Package/CellDisplays.h>
 #include <Filters/Package/FilterRun.h>
 #include <Formulas/Public/TableContext.h>
 
@@ -50,6 +52,23 @@ void writeValue(const DOM::Cell& cell, JsonWriter& json)
         json.writeMember("value", cell.getText()->getPlainText());
         return;
     }
+}
+
+/// The format's code, and what the cell shows of a number where that is not the number itself.
+void writeNumberFormat(
+    const DOM::Cell& cell, const DOM::CellFormat* format, CellDisplays& displays, JsonWriter& json)
+{
+    if (format && format->getCode() != "General")
+        json.writeMember("format", format->getCode());
+    if (cell.getKind() != DOM::Cell::Kind::Number)
+        return;
+    const double number = cell.getNumber();
+    constexpr double ShownAsItIs = 1e10; // with room for a whole number's digits
+    if (!format && std::fabs(number) < ShownAsItIs && std::trunc(number) == number && number != 0)
+        return;
+    const std::string display = displays.displayNumber(number, format).text;
+    if (display != fmt::format("{}", number))
+        json.writeMember("display", display);
 }
 
 const char* const LineStyleNames[] = { // in the order of the enumerators
@@ -123,7 +142,7 @@ void writeFormat(const DOM::CellStyle& style, const DOM::BordersProps* borders, 
         json.writeMember("fontName", *font->getFontName());
 }
 
-void writeCells(const DOM::Table& table, const DOM::Styles& styles, JsonWriter& json)
+void writeCells(const DOM::Table& table, const DOM::Styles& styles, CellDisplays& displays, JsonWriter& json)
 {
     json.writeKey("cells");
     json.beginArray();
@@ -138,6 +157,7 @@ void writeCells(const DOM::Table& table, const DOM::Styles& styles, JsonWriter& 
         json.beginObject();
         json.writeMember("ref", toAlphaIndex(it.getRowIndex(), it.getColIndex()));
         writeValue(*it, json);
+        writeNumberFormat(*it, displays.findFormat(style), displays, json);
         if (link)
             json.writeMember("hyperlink", FilterUtils::joinHyperlink(*link));
         if (isFormatted)
@@ -181,8 +201,8 @@ void writeMerges(const DOM::Table& table, JsonWriter& json)
     json.endArray();
 }
 
-void writeTable(const DOM::Table& table, const DOM::Styles& styles, const Formulas::TableContext& tables,
-    const std::string& id, JsonWriter& json)
+void writeTable(const DOM::Table& table, const DOM::Styles& styles, CellDisplays& displays,
+    const Formulas::TableContext& tables, const std::string& id, JsonWriter& json)
 {
     json.beginObject();
     json.writeMember("id", id);
@@ -191,7 +211,7 @@ void writeTable(const DOM::Table& table, const DOM::Styles& styles, const Formul
     json.writeMember("columns", table.getLiveColsCount());
     json.writeMember("visible", table.isVisible());
     writeSizes(table, json);
-    writeCells(table, styles, json);
+    writeCells(table, styles, displays, json);
     writeMerges(table, json);
     json.writeKey("frames");
     writeFramesJson(table, tables, json);
@@ -219,6 +239,7 @@ void writeMedia(const FilterRun& run, JsonWriter& json)
 void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
 {
     const Formulas::TableContext tables = Formulas::TableContext::makeFor(run.getDocument());
+    CellDisplays displays(run.getDocument());
     JsonWriter json(out);
     json.beginObject();
     json.writeMember("format", "xlsx");
@@ -227,7 +248,7 @@ void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
     for (const DOM::Block& block : run.getDocument().getBlocks()) {
         const auto* table = dynamic_cast<const DOM::Table*>(&block);
         if (table)
-            writeTable(*table, run.getDocument().getStyles(), tables,
+            writeTable(*table, run.getDocument().getStyles(), displays, tables,
                 run.getOptions().areIdsSequential ? run.generateId() : table->getUUID().toString(), json);
     }
     json.endArray();

@@ -8,6 +8,7 @@
 #include <DOM/Public/CellText.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/Run.h>
+#include <FilterUtils/FU_Colors.h>
 #include <Filters/Preview/CellLook.h>
 #include <Filters/Preview/HtmlText.h>
 
@@ -15,6 +16,26 @@ namespace QV::Filters {
 namespace {
 
 constexpr const char* Ellipsis = "\xE2\x80\xA6";
+
+std::string cutText(const std::string& text, std::size_t bytesMax)
+{
+    if (text.size() <= bytesMax)
+        return text;
+    std::size_t end = bytesMax;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+        --end; // not within a character
+    return text.substr(0, end) + Ellipsis;
+}
+
+/// In the colour of the section, where it has one.
+std::string makeDisplayedContent(const OfficeUtils::DisplayedValue& displayed, std::size_t bytesMax)
+{
+    const std::string html = escapeHtml(cutText(displayed.text, bytesMax));
+    if (!displayed.color || html.empty())
+        return html;
+    return fmt::format("<span style=\"color:#{}\">{}</span>",
+        FilterUtils::convertRGBColor(displayed.color->getRGBA()), html);
+}
 
 /// Writes runs as HTML until there is no more room.
 class RunsWriter final : public DOM::RunVisitor
@@ -46,14 +67,8 @@ private:
     {
         if (_isCut || text.empty())
             return;
-        std::string shown = text;
-        if (shown.size() > _room) {
-            _isCut = true;
-            std::size_t end = _room;
-            while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
-                --end; // not within a character
-            shown = text.substr(0, end) + Ellipsis;
-        }
+        const std::string shown = cutText(text, _room);
+        _isCut = text.size() > _room;
         _room -= std::min(_room, text.size());
         const std::string css = style.getRunProps() ? makeFontCss(*style.getRunProps()) : std::string();
         if (css.empty())
@@ -69,16 +84,22 @@ private:
 
 } // namespace
 
-std::string makeCellContent(const DOM::Cell& cell, std::size_t bytesMax)
+std::string makeCellContent(
+    const DOM::Cell& cell, const DOM::CellFormat* format, CellDisplays& displays, std::size_t bytesMax)
 {
     switch (cell.getKind()) {
     case DOM::Cell::Kind::Empty:
         break;
     case DOM::Cell::Kind::Number:
-        return fmt::format("{}", cell.getNumber());
+        return makeDisplayedContent(displays.displayNumber(cell.getNumber(), format), bytesMax);
     case DOM::Cell::Kind::Boolean:
         return cell.getBoolean() ? "TRUE" : "FALSE";
-    case DOM::Cell::Kind::Text:
+    case DOM::Cell::Kind::Text: {
+        const std::string text = cutText(cell.getText()->getPlainText(), bytesMax);
+        if (const auto displayed = displays.displayText(text, format))
+            return makeDisplayedContent(*displayed, bytesMax);
+        return makeBlocksContent(cell.getText()->getBlocks(), bytesMax);
+    }
     case DOM::Cell::Kind::Error:
         return makeBlocksContent(cell.getText()->getBlocks(), bytesMax);
     }

@@ -153,7 +153,10 @@ private:
 
     void writeContent(unsigned long row, unsigned long column, const CellLooks::Look& look)
     {
-        const std::string content = makeCellContent(*_it, _context.limits.cellTextBytes);
+        const DOM::CellFormat* const format =
+            _context.displays.findFormat(Adapter::getResolvedCellStyle(_it.getCellInfo(), _styles));
+        const std::string content =
+            makeCellContent(*_it, format, _context.displays, _context.limits.cellTextBytes);
         if (content.empty())
             return;
         const float spill = look.wrapsText || look.isAligned ? 0 : getSpill(row, column);

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include <DOM/Public/Table.h>
+#include <Filters/Package/CellDisplays.h>
 #include <Filters/Preview/CellLook.h>
 #include <Filters/Preview/SpreadsheetPreview.h>
 #include <Filters/Preview/StyleSheet.h>
@@ -24,6 +25,7 @@ struct PageContext
     const PreviewLimits& limits;
     StyleSheet& styles;
     CellLooks& looks;
+    CellDisplays& displays;
     const std::unordered_map<std::string, std::string>& sheetIds; ///< the elements' ids, by the sheets' names
 };
 

@@ -9,6 +9,7 @@
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Styles.h>
 #include <DOM/Public/Table.h>
+#include <Filters/Package/CellDisplays.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Preview/CellLook.h>
 #include <Filters/Preview/HtmlText.h>
@@ -100,7 +101,8 @@ void writeSpreadsheetPreview(
         ids.emplace(tab.table->getName(), tab.id);
     StyleSheet styles;
     CellLooks looks(run.getDocument().getStyles());
-    const PageContext context{run, limits, styles, looks, ids};
+    CellDisplays displays(run.getDocument());
+    const PageContext context{run, limits, styles, looks, displays, ids};
     std::string body;
     for (const SheetTab& tab : tabs)
         writeSheet(*tab.table, tab.id, context, body);

@@ -155,6 +155,7 @@ FormatParts::FormatParts(
     : _names(names)
     , _colors(colors)
     , _run(run)
+    , _numberFormats(styleSheet, names, run.getReport())
 {
     const auto named = [&](const char* name) { return names(Vocabulary::Spreadsheet, name); };
     styleSheet.getElement(named("fonts")).processElements(named("font"), [&](const XMLElement& font) {
@@ -179,8 +180,7 @@ Format FormatParts::readFormat(const XMLElement& xf) const
     if (const auto border = readIndex(xf, "borderId", _borders.size(), report))
         format.lines = _borders[*border];
     readAlignment(xf, format);
-    if (xf.getAttributeValue("numFmtId").value_or("0") != "0")
-        _run.leaveOut(LeftOut::NumberFormats);
+    format.numberFormat = _numberFormats.find(xf, report);
     return format;
 }
 
@@ -195,6 +195,7 @@ Format FormatParts::readDifferentialFormat(const XMLElement& dxf) const
     format.fill = readFill(child("fill"), true, _names, _colors, _run);
     format.lines = readBorder(child("border"), _names, _colors, _run.getReport());
     readAlignment(dxf, format);
+    format.numberFormat = makeNumberFormat(child("numFmt"), _run.getReport());
     return format;
 }
 

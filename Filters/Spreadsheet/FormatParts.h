@@ -5,6 +5,7 @@
 
 #include <boost/optional.hpp>
 
+#include <DOM/Public/CellFormat.h>
 #include <DOM/Public/CellProps.h>
 #include <DOM/Public/Color.h>
 #include <DOM/Public/ParaProps.h>
@@ -13,6 +14,7 @@
 #include <Filters/Package/Export.h>
 #include <Filters/Spreadsheet/Borders.h>
 #include <Filters/Spreadsheet/Colors.h>
+#include <Filters/Spreadsheet/NumberFormats.h>
 
 namespace QV {
 class OperationReport;
@@ -39,9 +41,11 @@ struct Format
     boost::optional<DOM::HorizontalAlignment> horizontalAlignment;
     boost::optional<DOM::VerticalAlignment> verticalAlignment;
     bool isWrapping = false;
+    std::shared_ptr<const DOM::CellFormat> numberFormat; ///< null where values are shown as they are
 };
 
-/// The lists of fonts, fillings and borders that the formats of a workbook refer to by number.
+/// The lists of fonts, fillings, borders and number formats that the formats of a workbook refer to by
+/// number.
 class FILTERS_API FormatParts
 {
 public:
@@ -65,6 +69,7 @@ private:
     std::vector<std::shared_ptr<const DOM::RunProps>> _fonts;
     std::vector<boost::optional<DOM::Color>> _fills;
     std::vector<CellLines> _borders;
+    NumberFormats _numberFormats;
 };
 
 } // namespace QV::Filters

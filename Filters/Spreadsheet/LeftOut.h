@@ -20,7 +20,6 @@ constexpr const char* Formulas = "formulas (their stored values were read)";
 constexpr const char* HeadersFooters = "headers and footers";
 constexpr const char* Macros = "macros";
 constexpr const char* NewerCharts = "charts of newer kinds (treemaps, waterfalls and the like)";
-constexpr const char* NumberFormats = "number formats";
 constexpr const char* PatternFills = "pattern and gradient fills";
 constexpr const char* PhoneticText = "phonetic text";
 constexpr const char* PivotSources = "sources and fields of pivot tables";

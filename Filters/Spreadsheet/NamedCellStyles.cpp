@@ -36,6 +36,8 @@ Format keepWhatApplies(Format format, const XMLElement& styleFormat)
         format.fill = boost::none;
     if (!applies(styleFormat, "applyBorder"))
         format.lines = {};
+    if (!applies(styleFormat, "applyNumberFormat"))
+        format.numberFormat = nullptr;
     if (!applies(styleFormat, "applyAlignment")) {
         format.horizontalAlignment = boost::none;
         format.verticalAlignment = boost::none;
@@ -79,6 +81,8 @@ void sayNothingInCell(DOM::CellProps& own, const DOM::CellProps& parent)
         own.setVerticalAlignment(DOM::VerticalAlignment::Bottom);
     if (!own.getTextWrapping() && parent.getTextWrapping())
         own.setTextWrapping(false);
+    if (!own.getFormat() && parent.getFormat())
+        own.setFormat(getGeneralFormat());
 }
 
 void sayNothingInFont(DOM::RunProps& own, const DOM::RunProps& parent)
@@ -103,6 +107,7 @@ std::shared_ptr<const DOM::CellProps> makeCellProps(const Format& format)
     props.setVerticalAlignment(format.verticalAlignment);
     if (format.isWrapping)
         props.setTextWrapping(true);
+    props.setFormat(format.numberFormat);
     return keepUnlessEmpty(props);
 }
 

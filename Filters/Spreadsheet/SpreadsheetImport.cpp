@@ -61,6 +61,7 @@ public:
             throw PackageError(PackageError::Kind::Damaged,
                 "part \"" + makePrintable(mainPart.name) + "\" is not well-formed XML", mainPart.name);
         const Workbook workbook = readWorkbook(root, mainPart.dialect, _run);
+        _run.getDocument().setDateSystem(workbook.dateSystem);
         readStyles(workbook.names);
         if (const Relationship* const strings = _relationships->findByType("sharedStrings"))
             _strings = readSharedStrings(_package, strings->target, _colors, _run);

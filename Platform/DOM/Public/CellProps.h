@@ -9,6 +9,7 @@
 #include <boost/optional.hpp>
 
 #include <DOM/Public/BordersProps.h>
+#include <DOM/Public/CellFormat.h>
 #include <DOM/Public/Color.h>
 #include <DOM/Public/LineProps.h>
 #include <DOM/Public/Properties.h>
@@ -40,6 +41,8 @@ public:
     const boost::optional<VerticalAlignment>& getVerticalAlignment() const { return _verticalAlignment; }
     /// Whether text that is too long for a line goes on in the next one.
     const boost::optional<bool>& getTextWrapping() const { return _textWrapping; }
+    /// How values are shown; null where nothing is said.
+    const std::shared_ptr<const CellFormat>& getFormat() const { return _format; }
 
     void setBackgroundColor(const boost::optional<Color>& color) { _backgroundColor = color; }
     void setBorders(std::shared_ptr<const BordersProps> borders) { _borders = std::move(borders); }
@@ -50,11 +53,13 @@ public:
         _verticalAlignment = alignment;
     }
     void setTextWrapping(const boost::optional<bool>& textWrapping) { _textWrapping = textWrapping; }
+    void setFormat(std::shared_ptr<const CellFormat> format) { _format = std::move(format); }
 
     static constexpr auto getFields()
     {
         return std::make_tuple(&CellProps::_backgroundColor, &CellProps::_borders, &CellProps::_diagonalUp,
-            &CellProps::_diagonalDown, &CellProps::_verticalAlignment, &CellProps::_textWrapping);
+            &CellProps::_diagonalDown, &CellProps::_verticalAlignment, &CellProps::_textWrapping,
+            &CellProps::_format);
     }
 
     friend bool operator==(const CellProps& a, const CellProps& b) { return areEqual(a, b); }
@@ -68,6 +73,7 @@ private:
     std::shared_ptr<const LineProps> _diagonalDown;
     boost::optional<VerticalAlignment> _verticalAlignment;
     boost::optional<bool> _textWrapping;
+    std::shared_ptr<const CellFormat> _format;
 };
 
 /// Lays @p source over @p target: the properties that it sets replace those of the target, borders side by

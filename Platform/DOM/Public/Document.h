@@ -1,6 +1,7 @@
 #pragma once
 
 #include <DOM/Public/BlockCollection.h>
+#include <DOM/Public/DateSystem.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/Styles.h>
@@ -27,10 +28,15 @@ public:
     Styles& getStyles() { return _styles; }
     const Styles& getStyles() const { return _styles; }
 
+    /// What the numbers of cells with dates count from.
+    DateSystem getDateSystem() const { return _dateSystem; }
+    void setDateSystem(DateSystem system) { _dateSystem = system; }
+
 private:
     SharedObjectFactory _sharedObjects;
     Styles _styles;
     BlockCollection _blocks;
+    DateSystem _dateSystem = DateSystem::From1900;
 };
 
 } // namespace QV::DOM

@@ -1,0 +1,96 @@
+// Number format codes, read, printed and applied, against one ICU formatter that is kept.
+
+#include <OfficeUtils/Public/CellFormatter.h>
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+#include <unicode/dcfmtsym.h>
+#include <unicode/decimfmt.h>
+#include <unicode/locid.h>
+#include <unicode/unistr.h>
+
+#include <OfficeUtils/Public/Parser.h>
+
+namespace QV::OfficeUtils {
+namespace {
+
+constexpr Parser::ParserType Type = Parser::ParserType::Spreadsheet;
+const char* const Codes[] = {"0.00", "#,##0.00;[Red]-#,##0.00", "yyyy\\-mm\\-dd hh:mm", "# ?\?/?\?",
+    "[$-F800]dddd\\,\\ mmmm\\ dd\\,\\ yyyy", "_(\"$\"* #,##0.00_);_(\"$\"* \\(#,##0.00\\);_(@_)"};
+
+std::vector<double> makeValues()
+{
+    std::mt19937 random(1);
+    std::vector<double> values;
+    for (int i = 0; i < 64; ++i)
+        values.push_back(static_cast<double>(random() % 2000000) / 64);
+    return values;
+}
+
+void parseCodes(benchmark::State& state)
+{
+    for (auto _ : state)
+        for (const char* const code : Codes)
+            if (!Parser::parse(code, Type))
+                state.SkipWithError("a code is not valid");
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(std::size(Codes)));
+}
+BENCHMARK(parseCodes)->Name("parseFormatCode/ours");
+
+void printCodes(benchmark::State& state)
+{
+    std::vector<DOM::CellFormatModel::Expression> expressions;
+    for (const char* const code : Codes)
+        expressions.push_back(Parser::parse(code, Type).value());
+    for (auto _ : state)
+        for (const auto& expression : expressions)
+            benchmark::DoNotOptimize(Parser::toRegEx(expression, Type));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(std::size(Codes)));
+}
+BENCHMARK(printCodes)->Name("printFormatCode/ours");
+
+void formatByCode(benchmark::State& state, const char* code)
+{
+    const CellFormatter formatter(Parser::parse(code, Type).value(), DOM::DateSystem::From1900);
+    const std::vector<double> values = makeValues();
+    for (auto _ : state)
+        for (const double value : values)
+            benchmark::DoNotOptimize(formatter.formatNumber(value));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
+}
+BENCHMARK_CAPTURE(formatByCode, decimal, "#,##0.00")->Name("formatDecimalNumber/ours");
+BENCHMARK_CAPTURE(formatByCode, date, "yyyy-mm-dd hh:mm")->Name("formatDate/ours");
+BENCHMARK_CAPTURE(formatByCode, fraction, "# ?\?/?\?")->Name("formatFraction/ours");
+BENCHMARK_CAPTURE(formatByCode, general, "General")->Name("formatGeneral/ours");
+
+void formatThroughKeptFormatter(benchmark::State& state)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    icu::DecimalFormat kept(u"#,##0.00", icu::DecimalFormatSymbols(icu::Locale::getUS(), status), status);
+    kept.setRoundingMode(icu::DecimalFormat::kRoundHalfUp);
+    const CellFormatter formatter(Parser::parse("#,##0.00", Type).value(), DOM::DateSystem::From1900);
+    const auto format = [&kept](double value) {
+        icu::UnicodeString text;
+        std::string utf8;
+        kept.format(value, text).toUTF8String(utf8);
+        return utf8;
+    };
+    const std::vector<double> values = makeValues();
+    for (const double value : values)
+        if (format(value) != formatter.formatNumber(value).text) {
+            state.SkipWithError("the two formatters disagree");
+            return;
+        }
+    for (auto _ : state)
+        for (const double value : values)
+            benchmark::DoNotOptimize(format(value));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
+}
+BENCHMARK(formatThroughKeptFormatter)->Name("formatDecimalNumber/reference");
+
+} // namespace
+} // namespace QV::OfficeUtils

@@ -1,0 +1,91 @@
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+
+#include <unicode/dtfmtsym.h>
+#include <unicode/locid.h>
+#include <unicode/uloc.h>
+#include <unicode/unistr.h>
+
+#include <OfficeUtils/Formatting/DateTimeText.h>
+
+namespace QV::OfficeUtils {
+namespace {
+
+using namespace DOM::CellFormatModel;
+
+constexpr unsigned long EnglishUnitedStates = 0x409;
+constexpr unsigned long SystemDate = 0xF800;
+constexpr unsigned long SystemTime = 0xF400;
+constexpr unsigned long LanguageMask = 0xFFFF; // above it are the calendar and the shapes of digits
+
+template <std::size_t Size>
+void takeNames(
+    std::string (&names)[Size], const icu::UnicodeString* found, std::int32_t count, std::int32_t skipped)
+{
+    for (std::size_t i = 0; i < Size; ++i) {
+        const auto index = static_cast<std::int32_t>(i) + skipped;
+        if (index < count)
+            found[index].toUTF8String(names[i]);
+    }
+}
+
+std::shared_ptr<const DateNames> makeNames(const icu::Locale& locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::DateFormatSymbols symbols(locale, status);
+    if (U_FAILURE(status))
+        return nullptr;
+    using Symbols = icu::DateFormatSymbols;
+    auto names = std::make_shared<DateNames>();
+    std::int32_t count = 0;
+    const icu::UnicodeString* found = symbols.getMonths(count, Symbols::FORMAT, Symbols::WIDE);
+    takeNames(names->months, found, count, 0);
+    found = symbols.getMonths(count, Symbols::FORMAT, Symbols::ABBREVIATED);
+    takeNames(names->shortMonths, found, count, 0);
+    found = symbols.getWeekdays(count, Symbols::FORMAT, Symbols::WIDE);
+    takeNames(names->weekdays, found, count, 1); // the first entry is no day
+    found = symbols.getWeekdays(count, Symbols::FORMAT, Symbols::ABBREVIATED);
+    takeNames(names->shortWeekdays, found, count, 1);
+    return names;
+}
+
+std::shared_ptr<const DateNames> getEnglishNames()
+{
+    static const auto names = std::make_shared<const DateNames>(DateNames{
+        {"January",    "February", "March", "April",         "May",                             "June",                                                             "July",                                                                                                                           "August", "September", "October",
+         "November", "December"},
+        {"Jan", "Feb",  "Mar",                        "Apr",                             "May",                                                              "Jun",                                                                                                                            "Jul",                                                                                                                                                                                                                                                       "Aug", "Sep", "Oct", "Nov", "Dec"},
+        {"Sunday",       "Monday",            "Tuesday","Wednesday","Thursday","Friday","Saturday"},
+        {"Sun",       "Mon",                 "Tue",                 "Wed",                  "Thu",                               "Fri",                                                                                                "Sat"                                                                                                                                                                                                                                                 }
+    });
+    return names;
+}
+
+bool showsNames(const Rule& rule)
+{
+    for (const Token& token : rule.getTokens())
+        if (token.kind == TokenKind::Weekday || (token.kind == TokenKind::Month && token.text.size() > 2))
+            return true;
+    return false;
+}
+
+} // namespace
+
+std::shared_ptr<const DateNames> findDateNames(const Rule& rule)
+{
+    const unsigned long language = rule.getLanguage().value_or(EnglishUnitedStates) & LanguageMask;
+    const bool isSystem = language == SystemDate || language == SystemTime; // which is US English here
+    if (language == EnglishUnitedStates || isSystem || !showsNames(rule))
+        return getEnglishNames();
+    char name[ULOC_FULLNAME_CAPACITY];
+    UErrorCode status = U_ZERO_ERROR;
+    const std::int32_t length = uloc_getLocaleForLCID(
+        static_cast<std::uint32_t>(language), name, static_cast<std::int32_t>(std::size(name)), &status);
+    if (U_FAILURE(status) || length <= 0 || status == U_STRING_NOT_TERMINATED_WARNING)
+        return getEnglishNames();
+    auto names = makeNames(icu::Locale(name));
+    return names ? names : getEnglishNames();
+}
+
+} // namespace QV::OfficeUtils
