@@ -20,16 +20,22 @@ Formula::~Formula() = default;
 Formula::Formula(Formula&& other) noexcept = default;
 Formula& Formula::operator=(Formula&& other) noexcept = default;
 
+Formula Formula::makeUnread(std::string text)
+{
+    Formula formula(std::make_unique<FormulaSyntaxTree::Empty>());
+    formula._unreadText = std::move(text);
+    return formula;
+}
+
 Formula::Formula(const Formula& other)
     : _root(clonePtr(other._root))
+    , _unreadText(other._unreadText)
 {
 }
 
 Formula& Formula::operator=(const Formula& other)
 {
-    if (this != &other)
-        _root = clonePtr(other._root);
-    return *this;
+    return *this = Formula(other);
 }
 
 const FormulaSyntaxTree::Expr& Formula::getSyntaxTree() const
