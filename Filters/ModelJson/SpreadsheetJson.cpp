@@ -21,6 +21,7 @@
 #include <Filters/ModelJson/JsonWriter.h>
 #include <Filters/ModelJson/PivotJson.h>
 #include <Filters/Package/FilterRun.h>
+#include <Formulas/Public/FormulaText.h>
 #include <Formulas/Public/TableContext.h>
 
 namespace QV::Filters {
@@ -123,7 +124,8 @@ void writeFormat(const DOM::CellStyle& style, const DOM::BordersProps* borders, 
         json.writeMember("fontName", *font->getFontName());
 }
 
-void writeCells(const DOM::Table& table, const DOM::Styles& styles, JsonWriter& json)
+void writeCells(const DOM::Table& table, const DOM::Styles& styles, const Formulas::TableContext& tables,
+    JsonWriter& json)
 {
     json.writeKey("cells");
     json.beginArray();
@@ -133,11 +135,13 @@ void writeCells(const DOM::Table& table, const DOM::Styles& styles, JsonWriter& 
         const DOM::CellStyle& style = Adapter::getResolvedCellStyle(it.getCellInfo(), styles);
         const bool isFormatted = !style.isEmpty();
         const auto link = FilterUtils::getCellHyperlink(*it);
-        if (it->getKind() == DOM::Cell::Kind::Empty && !isFormatted && !link)
+        if (it->getKind() == DOM::Cell::Kind::Empty && !it->getFormula() && !isFormatted && !link)
             continue;
         json.beginObject();
         json.writeMember("ref", toAlphaIndex(it.getRowIndex(), it.getColIndex()));
         writeValue(*it, json);
+        if (const DOM::Formula* const formula = it->getFormula())
+            json.writeMember("formula", Formulas::toText(*formula, tables));
         if (link)
             json.writeMember("hyperlink", FilterUtils::joinHyperlink(*link));
         if (isFormatted)
@@ -191,7 +195,7 @@ void writeTable(const DOM::Table& table, const DOM::Styles& styles, const Formul
     json.writeMember("columns", table.getLiveColsCount());
     json.writeMember("visible", table.isVisible());
     writeSizes(table, json);
-    writeCells(table, styles, json);
+    writeCells(table, styles, tables, json);
     writeMerges(table, json);
     json.writeKey("frames");
     writeFramesJson(table, tables, json);

@@ -25,10 +25,10 @@ Dialect findDialect(const XMLElement& root, Dialect expected)
 }
 
 /// Some writers mix the two dialects in one part.
-std::string readRelationshipId(const XMLElement& sheet)
+std::string readRelationshipId(const XMLElement& element)
 {
     for (const Dialect dialect : Dialects)
-        if (const auto id = sheet.getAttributeValue(Names(dialect)(Vocabulary::Relationships, "id")))
+        if (const auto id = element.getAttributeValue(Names(dialect)(Vocabulary::Relationships, "id")))
             return *id;
     return {};
 }
@@ -68,6 +68,10 @@ Workbook readWorkbook(const XMLElement& root, Dialect dialect, FilterRun& run)
             run.getReport().emplace_back("Sheet {} has an unknown state {}", name, state);
         workbook.sheets.push_back({name, readRelationshipId(sheet), !isHidden});
     });
+    root.getElement(named("externalReferences"))
+        .processElements(named("externalReference"), [&](const XMLElement& reference) {
+            workbook.externalReferenceIds.push_back(readRelationshipId(reference));
+        });
     noteLeftOut(root, workbook.names, run);
     return workbook;
 }

@@ -23,7 +23,8 @@ struct SheetEntry
 /// What the workbook part says.
 struct Workbook
 {
-    std::vector<SheetEntry> sheets; ///< in their order
+    std::vector<SheetEntry> sheets;                ///< in their order
+    std::vector<std::string> externalReferenceIds; ///< of relationships; formulas number them from 1
     DateSystem dateSystem = DateSystem::From1900;
     Names names = Names(Dialect::Transitional); ///< of this part, and so of the others
 };

@@ -122,7 +122,7 @@ Cell::Extras& Cell::getOrMakeExtras()
 
 void Cell::trimExtras()
 {
-    if (_extras->mergeProps == MergeProps() && !_extras->blocks)
+    if (_extras->mergeProps == MergeProps() && !_extras->blocks && !_extras->formula)
         _extras.reset();
 }
 
@@ -135,6 +135,21 @@ const CellStyle& Cell::getStyle() const
 MergeProps Cell::getMergeProps() const
 {
     return _extras ? _extras->mergeProps : MergeProps();
+}
+
+const Formula* Cell::getFormula() const
+{
+    return _extras ? _extras->formula.get_ptr() : nullptr;
+}
+
+Formula* Cell::getFormula()
+{
+    return _extras ? _extras->formula.get_ptr() : nullptr;
+}
+
+void Cell::setFormula(Formula formula)
+{
+    getOrMakeExtras().formula = std::move(formula);
 }
 
 } // namespace QV::DOM

@@ -11,6 +11,7 @@
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/CellText.h>
 #include <DOM/Public/Export.h>
+#include <DOM/Public/Formula.h>
 #include <Utils/Public/ReadonlyVector.h>
 
 namespace QV::DOM {
@@ -42,8 +43,8 @@ private:
 
 /// A cell of a table: a value, and a style that it shares with other cells.
 ///
-/// A cell is small, since sheets have millions: what few cells have (a merge, a link on a number) lives
-/// apart, and text is shared.
+/// A cell is small, since sheets have millions: what few cells have (a merge, a link on a number, a formula)
+/// lives apart, and text is shared.
 class DOM_API Cell
 {
 public:
@@ -99,6 +100,13 @@ public:
 
     MergeProps getMergeProps() const;
 
+    /// What gives the cell its value; null where the cell has none. Valid until the cell gets another
+    /// formula.
+    const Formula* getFormula() const;
+    Formula* getFormula();
+    /// The value stays as it is.
+    void setFormula(Formula formula);
+
 private:
     friend class CellRow; // keeps the column in a gap that the layout has anyway
     friend class Table;   // marks merges, since it also keeps their order
@@ -107,6 +115,7 @@ private:
     {
         MergeProps mergeProps;
         SharedCellText blocks; // beside a value
+        boost::optional<Formula> formula;
     };
 
     union Value {

@@ -3,8 +3,11 @@
 #include <memory>
 #include <string>
 
+#include <boost/optional.hpp>
+
 #include <DOM/Public/Export.h>
 #include <DOM/Public/FormulaExpr.h>
+#include <Utils/Public/TableIndices/TableRange.h>
 
 namespace QV::DOM {
 
@@ -12,7 +15,8 @@ namespace QV::DOM {
 ///
 ///     const Formula formula(std::make_unique<FormulaSyntaxTree::Number>(7));
 ///
-/// A formula that no parser could read has its text instead, and an empty argument for a tree.
+/// A formula that no parser could read has its text instead, and an empty argument for a tree. An array
+/// formula stands in the first of the cells that show what it gives.
 class DOM_API Formula
 {
 public:
@@ -31,17 +35,22 @@ public:
     FormulaSyntaxTree::Expr& getSyntaxTree();
 
     /// As the file has it, where that could not be read; otherwise empty.
-    const std::string& getUnreadText() const { return _unreadText; }
+    const std::string& getUnreadText() const;
 
-    friend bool operator==(const Formula& a, const Formula& b)
-    {
-        return a._unreadText == b._unreadText && a.getSyntaxTree() == b.getSyntaxTree();
-    }
+    /// The cells of an array formula, the first one included; nothing for any other formula.
+    boost::optional<TableRange> getArrayRange() const;
+    void setArrayRange(const TableRange& range);
+
+    friend DOM_API bool operator==(const Formula& a, const Formula& b);
     friend bool operator!=(const Formula& a, const Formula& b) { return !(a == b); }
 
 private:
+    struct Extras; // what few formulas have
+
+    Extras& getOrMakeExtras();
+
     std::unique_ptr<FormulaSyntaxTree::Expr> _root; // null only after a move
-    std::string _unreadText;
+    std::unique_ptr<Extras> _extras;
 };
 
 } // namespace QV::DOM
