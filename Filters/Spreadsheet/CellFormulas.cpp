@@ -52,11 +52,12 @@ CellFormulas::Result CellFormulas::make(const WrittenFormula& written, const Cel
 CellFormulas::Result CellFormulas::makeFollower(const WrittenFormula& written, const CellIndex& cell)
 {
     const auto found = _shared.find(written.sharedIndex);
+    const std::string index = written.sharedIndex.empty() ? "without a number" : written.sharedIndex;
     if (found == _shared.end())
-        return {boost::none, "Cell {} shares the formula {}, which there is not", written.sharedIndex};
+        return {boost::none, "Cell {} shares the formula {}, which there is not", index};
     const SharedFormula& shared = found->second;
     if (!shared.formula.getUnreadText().empty())
-        return {boost::none, "Cell {} shares the formula {}, which cannot be read", written.sharedIndex};
+        return {boost::none, "Cell {} shares the formula {}, which cannot be read", index};
     if (shared.cost > _context.nodesLeft)
         return {boost::none, TooMany, "beyond what formulas may take"};
     _context.nodesLeft -= shared.cost;

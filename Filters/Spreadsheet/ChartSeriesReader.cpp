@@ -108,7 +108,8 @@ ReadSeries ChartSeriesReader::read(const XMLElement& series)
     if (!values.isValid())
         values = getChild(series, "yVal");
     const Source across = findSource(values);
-    if (auto formulas = readFormulas(across.reference))
+    auto formulas = readFormulas(across.reference);
+    if (formulas && formulas->front().getUnreadText().empty()) // others would take the series along
         result.series->setValues(std::move(*formulas));
     if (across.isNumeric)
         result.series->setNumbers(readNumbers(across.cache));

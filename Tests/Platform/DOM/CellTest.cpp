@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <DOM/Public/CellText.h>
+#include <DOM/Public/FormulaSyntaxTree.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/Table.h>
@@ -22,6 +23,23 @@ using testing::ElementsAre;
 TEST(Cell, IsSmall)
 {
     EXPECT_LE(sizeof(Cell), 32U);
+}
+
+TEST(Cell, HasAFormulaBesideItsValue)
+{
+    namespace Tree = FormulaSyntaxTree;
+    Cell cell;
+    EXPECT_EQ(cell.getFormula(), nullptr);
+    cell.setBlocksBesideValue(nullptr);
+    cell.setFormula(Formula(std::make_unique<Tree::Number>(1)));
+    cell.setNumber(2);
+    cell.setBlocksBesideValue(makePlainCellText("a"));
+    cell.setBlocksBesideValue(nullptr);
+    Cell moved = std::move(cell);
+    ASSERT_NE(moved.getFormula(), nullptr);
+    EXPECT_EQ(moved.getNumber(), 2);
+    moved.setFormula(Formula(std::make_unique<Tree::Bool>(true)));
+    EXPECT_TRUE(std::as_const(moved).getFormula()->getSyntaxTree() == Tree::Bool(true));
 }
 
 TEST(Cell, HoldsOneKindAtATime)
