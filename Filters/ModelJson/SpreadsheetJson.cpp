@@ -203,6 +203,26 @@ void writeTable(const DOM::Table& table, const DOM::Styles& styles, const Formul
     json.endObject();
 }
 
+void writeDefinedNames(const DOM::Document& document, const Formulas::TableContext& tables, JsonWriter& json)
+{
+    if (document.getDefinedNames().empty())
+        return;
+    json.writeKey("definedNames");
+    json.beginArray();
+    for (const DOM::DefinedName& name : document.getDefinedNames()) {
+        json.beginObject();
+        json.writeMember("name", name.getName());
+        const std::string* const table = name.getTable() ? tables.findName(*name.getTable()) : nullptr;
+        if (table)
+            json.writeMember("table", *table);
+        json.writeMember("formula", Formulas::toText(name.getFormula(), tables));
+        if (!name.isVisible())
+            json.writeMember("visible", false);
+        json.endObject();
+    }
+    json.endArray();
+}
+
 void writeMedia(const FilterRun& run, JsonWriter& json)
 {
     json.writeKey("media");
@@ -235,6 +255,7 @@ void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
                 run.getOptions().areIdsSequential ? run.generateId() : table->getUUID().toString(), json);
     }
     json.endArray();
+    writeDefinedNames(run.getDocument(), tables, json);
     json.writeKey("links");
     json.beginArray();
     for (const std::string& link : run.getLinks())

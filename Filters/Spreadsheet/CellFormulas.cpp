@@ -10,8 +10,6 @@
 namespace QV::Filters {
 namespace {
 
-constexpr const char* TooMany = "Cell {} has one formula too many; its value is kept, {}";
-
 std::size_t countNodes(const DOM::Formula& formula)
 {
     return DOM::FormulaSyntaxTree::toExprStack(formula.getSyntaxTree()).size();
@@ -29,6 +27,17 @@ long getDistance(unsigned long from, unsigned long to)
 }
 
 } // namespace
+
+boost::optional<DOM::Formula> FormulaContext::parse(const std::string& text)
+{
+    auto parsed = text.size() <= BytesMax ? Formulas::parseFormula(text, documents) : boost::none;
+    const std::size_t cost = parsed ? countNodes(parsed->formula) : 0;
+    if (!parsed || cost > nodesLeft)
+        return boost::none;
+    nodesLeft -= cost;
+    hasTableColumns = hasTableColumns || parsed->hasTableColumns;
+    return std::move(parsed->formula);
+}
 
 CellFormulas::Result CellFormulas::make(const WrittenFormula& written, const CellIndex& cell)
 {
@@ -59,7 +68,7 @@ CellFormulas::Result CellFormulas::makeFollower(const WrittenFormula& written, c
     if (!shared.formula.getUnreadText().empty())
         return {boost::none, "Cell {} shares the formula {}, which cannot be read", index};
     if (shared.cost > _context.nodesLeft)
-        return {boost::none, TooMany, "beyond what formulas may take"};
+        return {boost::none, "Cell {} shares the formula {}, which is one too many", index};
     _context.nodesLeft -= shared.cost;
     return {
         Formulas::makeShifted(shared.formula, getDistance(shared.place.getRow().get(), cell.getRow().get()),
@@ -92,16 +101,11 @@ CellFormulas::Result CellFormulas::parse(const std::string& text)
         return {DOM::Formula::makeUnread(text),
             "Cell {} has a formula of {} bytes, more than applications take; its text is kept",
             std::to_string(text.size())};
-    auto parsed = Formulas::parseFormula(text, _context.documents);
-    if (!parsed)
+    auto formula = _context.parse(text);
+    if (!formula)
         return {DOM::Formula::makeUnread(text),
             "Cell {} has a formula that cannot be read; its text is kept: {}", text};
-    const std::size_t cost = countNodes(parsed->formula);
-    if (cost > _context.nodesLeft)
-        return {DOM::Formula::makeUnread(text), TooMany, "and its text"};
-    _context.nodesLeft -= cost;
-    _context.hasTableColumns = _context.hasTableColumns || parsed->hasTableColumns;
-    return {std::move(parsed->formula), nullptr, {}};
+    return {std::move(formula), nullptr, {}};
 }
 
 } // namespace QV::Filters

@@ -15,7 +15,7 @@
 namespace QV::Filters {
 
 /// What the formulas of a workbook share.
-struct FormulaContext
+struct FILTERS_API FormulaContext
 {
     /// Nodes of syntax trees for all cells: a small package can share a long formula among very many cells.
     static constexpr std::size_t NodesMax = 8'000'000;
@@ -25,6 +25,9 @@ struct FormulaContext
     Formulas::DocumentList documents; ///< that are referred to by their numbers
     std::size_t nodesLeft = NodesMax;
     bool hasTableColumns = false; ///< some formula so far
+
+    /// Nothing for a text that is no formula, is too long, or costs more than is left.
+    boost::optional<DOM::Formula> parse(const std::string& text);
 };
 
 /// The formula of a cell as the file has it.
@@ -70,9 +73,9 @@ public:
     /// Messages:
     ///     - "Cell {} has a formula that cannot be read; its text is kept: {}"
     ///     - "Cell {} has a formula of {} bytes, more than applications take; its text is kept"
-    ///     - "Cell {} shares the formula {}, which there is not" or "which cannot be read"
+    ///     - "Cell {} shares the formula {}, which there is not", "which cannot be read" or "which is
+    ///       one too many"
     ///     - "Cell {} has a data table whose input is no cell: {}"
-    ///     - "Cell {} has one formula too many; its value is kept, {}"
     Result make(const WrittenFormula& written, const CellIndex& cell);
 
 private:

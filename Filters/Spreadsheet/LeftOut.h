@@ -12,7 +12,6 @@ constexpr const char* Comments = "comments";
 constexpr const char* ConditionalFormats = "conditional formats";
 constexpr const char* DataConnections = "data connections";
 constexpr const char* DataValidations = "data validations";
-constexpr const char* DefinedNames = "defined names";
 constexpr const char* Diagrams = "diagrams and other graphics in frames";
 constexpr const char* EmbeddedObjects = "embedded objects and controls";
 constexpr const char* Filters = "filters and sorting";

@@ -22,6 +22,7 @@
 #include <Filters/Spreadsheet/ChartReader.h>
 #include <Filters/Spreadsheet/Colors.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
+#include <Filters/Spreadsheet/DefinedNames.h>
 #include <Filters/Spreadsheet/DrawingImport.h>
 #include <Filters/Spreadsheet/LeftOut.h>
 #include <Filters/Spreadsheet/PivotReader.h>
@@ -75,6 +76,7 @@ public:
         const WorkbookContext context{_formats, _strings, workbook.dateSystem, maxDigitWidth, _formulas};
         for (const SheetEntry& sheet : workbook.sheets)
             importSheet(sheet, context);
+        readDefinedNames(workbook.definedNames, _tables, _formulas, _run);
         if (_formulas.hasTableColumns)
             _run.leaveOut(LeftOut::TableColumns);
         readDrawings();
@@ -148,6 +150,7 @@ private:
         const Relationship* const relationship = _relationships->findById(sheet.relationshipId);
         if (relationship && !relationship->isType("worksheet")) {
             _run.leaveOut(LeftOut::AlternateSheets);
+            _tables.push_back(nullptr);
             return;
         }
         auto table = std::make_unique<DOM::Table>();
@@ -160,6 +163,7 @@ private:
             _run.getReport().emplace_back("Sheet {} has the part of an earlier sheet", sheet.name);
         else
             _run.getReport().emplace_back("Sheet {} has no part", sheet.name);
+        _tables.push_back(table.get());
         _run.getDocument().getBlocks().append(std::move(table));
     }
 
@@ -231,6 +235,7 @@ private:
     std::set<std::string> _tableParts; // likewise
     SheetNames _sheetNames;
     FormulaContext _formulas;
+    std::vector<const DOM::Table*> _tables;                     // of the sheets; null where a sheet is none
     std::vector<std::pair<std::string, DOM::Table*>> _drawings; // the parts, and where they lie
 };
 

@@ -41,7 +41,6 @@ bool isTrue(const boost::optional<std::string>& text)
 void noteLeftOut(const XMLElement& root, const Names& names, FilterRun& run)
 {
     const std::pair<const char*, const char*> parts[] = {
-        {"definedNames",       LeftOut::DefinedNames},
         {"pivotCaches",        LeftOut::PivotSources},
         {"workbookProtection", LeftOut::Protection  },
     };
@@ -72,6 +71,13 @@ Workbook readWorkbook(const XMLElement& root, Dialect dialect, FilterRun& run)
         .processElements(named("externalReference"), [&](const XMLElement& reference) {
             workbook.externalReferenceIds.push_back(readRelationshipId(reference));
         });
+    root.getElement(named("definedNames")).processElements(named("definedName"), [&](const XMLElement& name) {
+        const auto read = [&](const char* attribute) {
+            return name.getAttributeValue(attribute).value_or(std::string());
+        };
+        workbook.definedNames.push_back({read("name"), name.getText().value_or(std::string()),
+            read("localSheetId"), !isTrue(name.getAttributeValue("hidden"))});
+    });
     noteLeftOut(root, workbook.names, run);
     return workbook;
 }

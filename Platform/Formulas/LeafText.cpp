@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <cstdlib>
 #include <iterator>
 
 #include <boost/variant/get.hpp>
@@ -51,7 +50,9 @@ std::string makeText(double number)
         std::to_chars(std::begin(buffer), std::end(buffer), number, std::chars_format::scientific);
     std::string text(std::begin(buffer), end.ptr); // "-1.5e+07"
     const std::size_t mark = text.find('e');
-    const int exponent = std::atoi(text.c_str() + mark + 1);
+    int exponent = 0;
+    std::from_chars(text.data() + mark + 2, text.data() + text.size(), exponent);
+    exponent = text[mark + 1] == '-' ? -exponent : exponent;
     if (exponent < FixedExponentMin || exponent > FixedExponentMax) {
         text[mark] = 'E';
         return text;

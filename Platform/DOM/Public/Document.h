@@ -1,6 +1,10 @@
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include <DOM/Public/BlockCollection.h>
+#include <DOM/Public/DefinedName.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/Styles.h>
@@ -27,10 +31,16 @@ public:
     Styles& getStyles() { return _styles; }
     const Styles& getStyles() const { return _styles; }
 
+    /// In the order in which they were added; several tables may each have one of the same name.
+    std::vector<DefinedName>& getDefinedNames() { return _definedNames; }
+    const std::vector<DefinedName>& getDefinedNames() const { return _definedNames; }
+    void addDefinedName(DefinedName name) { _definedNames.push_back(std::move(name)); }
+
 private:
     SharedObjectFactory _sharedObjects;
     Styles _styles;
     BlockCollection _blocks;
+    std::vector<DefinedName> _definedNames;
 };
 
 } // namespace QV::DOM

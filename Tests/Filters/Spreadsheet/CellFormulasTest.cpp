@@ -1,5 +1,6 @@
 #include <Filters/Spreadsheet/CellFormulas.h>
 
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -167,6 +168,25 @@ TEST_F(CellFormulasImport, LongFormulasAreKeptAsText)
         ElementsAre("Cell A2 has a formula of 32769 bytes, more than applications take; its text is kept"));
 }
 
+TEST_F(CellFormulasImport, DefinedNamesAreRead)
+{
+    builder.workbookHead =
+        "<definedNames><definedName name='Rate'>One!$B$1*2</definedName><definedName name='Area' "
+        "localSheetId='0' hidden='1'>$A$1,$C$1</definedName><definedName name='Bad'>1+"
+        "</definedName><definedName name='Far' localSheetId='1'>1</definedName></definedNames>";
+    importCells({"<f>Rate</f>"});
+    EXPECT_EQ(run->getDocument().getDefinedNames().size(), 3U);
+    const std::string json = std::regex_replace(writeJson(), std::regex("\\n *"), "");
+    EXPECT_THAT(json, HasSubstr(R"({"name": "Rate","formula": "One!$B$1*2"})"));
+    EXPECT_THAT(json,
+        HasSubstr(R"json({"name": "Area","table": "One","formula": "($A$1,$C$1)","visible": false})json"));
+    EXPECT_THAT(json, HasSubstr(R"({"name": "Bad","formula": "1+"})"));
+    EXPECT_THAT(listMessages(),
+        ElementsAre("Defined name Bad has a formula that cannot be read; its text is kept: 1+",
+            "Defined name Far belongs to sheet 1, which there is not"));
+    EXPECT_THAT(run->getLeftOut(), IsEmpty());
+}
+
 TEST(CellFormulas, StopAtTheLimitOfNodes)
 {
     FormulaContext context;
@@ -182,7 +202,7 @@ TEST(CellFormulas, StopAtTheLimitOfNodes)
     EXPECT_TRUE(formulas.make(written, next).formula);
     const auto follower = formulas.make(written, next);
     EXPECT_FALSE(follower.formula);
-    EXPECT_THAT(follower.message, HasSubstr("too many"));
+    EXPECT_THAT(follower.message, HasSubstr("one too many"));
     written.kind = WrittenFormula::Kind::Usual;
     written.text = "1";
     EXPECT_EQ(formulas.make(written, next).formula->getUnreadText(), "1");
