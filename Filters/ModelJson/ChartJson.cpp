@@ -8,7 +8,7 @@
 
 #include <DOM/Public/ChartSpace.h>
 #include <Filters/ModelJson/JsonWriter.h>
-#include <Formulas/Public/References.h>
+#include <Formulas/Public/FormulaText.h>
 #include <Formulas/Public/TableContext.h>
 
 namespace QV::Filters {

@@ -23,6 +23,7 @@
 #include <Filters/ModelJson/PivotJson.h>
 #include <Filters/Package/CellDisplays.h>
 #include <Filters/Package/FilterRun.h>
+#include <Formulas/Public/FormulaText.h>
 #include <Formulas/Public/TableContext.h>
 
 namespace QV::Filters {
@@ -142,7 +143,8 @@ void writeFormat(const DOM::CellStyle& style, const DOM::BordersProps* borders, 
         json.writeMember("fontName", *font->getFontName());
 }
 
-void writeCells(const DOM::Table& table, const DOM::Styles& styles, CellDisplays& displays, JsonWriter& json)
+void writeCells(const DOM::Table& table, const DOM::Styles& styles, const Formulas::TableContext& tables,
+    CellDisplays& displays, JsonWriter& json)
 {
     json.writeKey("cells");
     json.beginArray();
@@ -152,11 +154,13 @@ void writeCells(const DOM::Table& table, const DOM::Styles& styles, CellDisplays
         const DOM::CellStyle& style = Adapter::getResolvedCellStyle(it.getCellInfo(), styles);
         const bool isFormatted = !style.isEmpty();
         const auto link = FilterUtils::getCellHyperlink(*it);
-        if (it->getKind() == DOM::Cell::Kind::Empty && !isFormatted && !link)
+        if (it->getKind() == DOM::Cell::Kind::Empty && !it->getFormula() && !isFormatted && !link)
             continue;
         json.beginObject();
         json.writeMember("ref", toAlphaIndex(it.getRowIndex(), it.getColIndex()));
         writeValue(*it, json);
+        if (const DOM::Formula* const formula = it->getFormula())
+            json.writeMember("formula", Formulas::toText(*formula, tables));
         writeNumberFormat(*it, displays.findFormat(style), displays, json);
         if (link)
             json.writeMember("hyperlink", FilterUtils::joinHyperlink(*link));
@@ -211,12 +215,32 @@ void writeTable(const DOM::Table& table, const DOM::Styles& styles, CellDisplays
     json.writeMember("columns", table.getLiveColsCount());
     json.writeMember("visible", table.isVisible());
     writeSizes(table, json);
-    writeCells(table, styles, displays, json);
+    writeCells(table, styles, tables, displays, json);
     writeMerges(table, json);
     json.writeKey("frames");
     writeFramesJson(table, tables, json);
     writePivotTables(table, json);
     json.endObject();
+}
+
+void writeDefinedNames(const DOM::Document& document, const Formulas::TableContext& tables, JsonWriter& json)
+{
+    if (document.getDefinedNames().empty())
+        return;
+    json.writeKey("definedNames");
+    json.beginArray();
+    for (const DOM::DefinedName& name : document.getDefinedNames()) {
+        json.beginObject();
+        json.writeMember("name", name.getName());
+        const std::string* const table = name.getTable() ? tables.findName(*name.getTable()) : nullptr;
+        if (table)
+            json.writeMember("table", *table);
+        json.writeMember("formula", Formulas::toText(name.getFormula(), tables));
+        if (!name.isVisible())
+            json.writeMember("visible", false);
+        json.endObject();
+    }
+    json.endArray();
 }
 
 void writeMedia(const FilterRun& run, JsonWriter& json)
@@ -252,6 +276,7 @@ void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
                 run.getOptions().areIdsSequential ? run.generateId() : table->getUUID().toString(), json);
     }
     json.endArray();
+    writeDefinedNames(run.getDocument(), tables, json);
     json.writeKey("links");
     json.beginArray();
     for (const std::string& link : run.getLinks())

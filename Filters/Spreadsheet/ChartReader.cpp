@@ -85,14 +85,14 @@ class ChartReader
 {
 public:
     ChartReader(Package& package, const std::string& part, const Formulas::TableContext* tables,
-        const Names& names, FilterRun& run)
+        const Names& names, const Formulas::DocumentList& documents, FilterRun& run)
         : _package(package)
         , _part(part)
         , _tables(tables)
         , _names(names)
         , _run(run)
         , _report(part, run.getReport())
-        , _seriesReader(_names, _report)
+        , _seriesReader(_names, documents, _report)
     {
     }
 
@@ -219,8 +219,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<DOM::ChartSpace> readChart(
-    Package& package, const std::string& part, const Formulas::TableContext* tables, FilterRun& run)
+std::unique_ptr<DOM::ChartSpace> readChart(Package& package, const std::string& part,
+    const Formulas::TableContext* tables, FilterRun& run, const Formulas::DocumentList& documents)
 {
     const XMLElement root = readXml(package, part, run.getReport());
     if (!root.isValid())
@@ -229,7 +229,7 @@ std::unique_ptr<DOM::ChartSpace> readChart(
         const Names names(dialect);
         const XMLElement chart = root.getElement(names(Vocabulary::Chart, "chart"));
         if (chart.isValid())
-            return ChartReader(package, part, tables, names, run).read(chart);
+            return ChartReader(package, part, tables, names, documents, run).read(chart);
     }
     run.getReport().emplace_back("Part {} is no chart", part);
     return nullptr;

@@ -5,6 +5,7 @@
 
 #include <DOM/Public/ChartSpace.h>
 #include <Filters/Package/Export.h>
+#include <Formulas/Public/FormulaText.h>
 
 namespace QV::Formulas {
 class TableContext;
@@ -22,7 +23,7 @@ class Package;
 /// says that this title was deleted.
 ///
 /// Messages, each with the part's name and what is wrong:
-///     - "Chart {} has an unreadable reference {}": it is kept out
+///     - "Chart {} has an unreadable reference {}": its text is kept
 ///     - "Chart {} has a bad number {}", "Chart {} has a point with a bad index {}": such points are kept out
 ///     - "Chart {} has an unknown direction {}", "Chart {} has an unknown grouping {}": the usual one stands
 ///     - "Chart {} loses series {}: its values are no cells of the workbook"
@@ -30,8 +31,9 @@ class Package;
 ///     - "Part {} is no chart", and those of readXml: nothing is read
 ///
 /// @param tables those of the workbook, all of them; null: no series is left out for what it refers to
+/// @param documents that formulas refer to by their numbers
 /// @return null where the part is no chart. Throws PackageError as readXml does.
-FILTERS_API std::unique_ptr<DOM::ChartSpace> readChart(
-    Package& package, const std::string& part, const Formulas::TableContext* tables, FilterRun& run);
+FILTERS_API std::unique_ptr<DOM::ChartSpace> readChart(Package& package, const std::string& part,
+    const Formulas::TableContext* tables, FilterRun& run, const Formulas::DocumentList& documents = {});
 
 } // namespace QV::Filters

@@ -7,7 +7,7 @@
 
 #include <DOM/Public/FormulaSyntaxTree.h>
 #include <Filters/Spreadsheet/ChartReport.h>
-#include <Formulas/Public/References.h>
+#include <Formulas/Public/FormulaText.h>
 #include <OfficeUtils/Public/NumberParsing.h>
 #include <Utils/Public/NumberText.h>
 #include <Utils/Public/Ptr/PtrUtils.h>
@@ -108,7 +108,8 @@ ReadSeries ChartSeriesReader::read(const XMLElement& series)
     if (!values.isValid())
         values = getChild(series, "yVal");
     const Source across = findSource(values);
-    if (auto formulas = readFormulas(across.reference))
+    auto formulas = readFormulas(across.reference);
+    if (formulas && formulas->front().getUnreadText().empty()) // others would take the series along
         result.series->setValues(std::move(*formulas));
     if (across.isNumeric)
         result.series->setNumbers(readNumbers(across.cache));
@@ -131,18 +132,20 @@ DOM::Series::Formulas ChartSeriesReader::readFormulas(const XMLElement& referenc
     if (text.empty())
         return boost::none;
     // What no application would take as a formula would be printed for each series that shares it.
-    auto formula = text.size() <= ReferenceBytesMax ? Formulas::parseReference(text) : boost::none;
-    if (!formula) {
-        _report.add("Chart {} has an unreadable reference {}", text.substr(0, ReferenceBytesMax));
-        return boost::none;
-    }
+    auto parsed = text.size() <= ReferenceBytesMax ? Formulas::parseFormula(text, _documents) : boost::none;
     std::vector<DOM::Formula> formulas;
-    const Tree::Expr& root = formula->getSyntaxTree();
+    if (!parsed) {
+        const std::string kept = text.substr(0, ReferenceBytesMax);
+        _report.add("Chart {} has an unreadable reference {}", kept);
+        formulas.push_back(DOM::Formula::makeUnread(kept));
+        return formulas;
+    }
+    const Tree::Expr& root = parsed->formula.getSyntaxTree();
     if (isExactly<Tree::ArgumentsList>(root)) // each item may lie in another place, and be lost by itself
         for (const auto& item : root.getChildren())
             formulas.emplace_back(item->clone());
     else
-        formulas.push_back(std::move(*formula));
+        formulas.push_back(std::move(parsed->formula));
     return formulas;
 }
 

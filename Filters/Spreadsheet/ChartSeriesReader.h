@@ -10,6 +10,7 @@
 #include <FilterUtils/FU_XMLElement.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Package/Namespaces.h>
+#include <Formulas/Public/FormulaText.h>
 
 namespace QV::Filters {
 
@@ -27,8 +28,10 @@ struct ReadSeries
 class FILTERS_API ChartSeriesReader
 {
 public:
-    ChartSeriesReader(const Names& names, ChartReport& report)
+    /// @param documents that formulas refer to by their numbers
+    ChartSeriesReader(const Names& names, const Formulas::DocumentList& documents, ChartReport& report)
         : _names(names)
+        , _documents(documents)
         , _report(report)
     {
     }
@@ -37,7 +40,7 @@ public:
     ReadSeries read(const FilterUtils::XMLElement& series);
 
     /// The formulas of the c:f of an element such as c:strRef: one, or those of a list. Not set where there
-    /// is none, or it is no reference, which is reported.
+    /// is none; one that cannot be read is reported, and kept as text.
     DOM::Series::Formulas readFormulas(const FilterUtils::XMLElement& reference);
 
     /// The texts that an element such as c:strRef keeps, joined by a blank; nothing where it keeps none.
@@ -56,6 +59,7 @@ private:
     DOM::ChartNumbers readNumbers(const FilterUtils::XMLElement& cache);
 
     const Names& _names;
+    const Formulas::DocumentList& _documents;
     ChartReport& _report;
 };
 

@@ -12,11 +12,9 @@ constexpr const char* Comments = "comments";
 constexpr const char* ConditionalFormats = "conditional formats";
 constexpr const char* DataConnections = "data connections";
 constexpr const char* DataValidations = "data validations";
-constexpr const char* DefinedNames = "defined names";
 constexpr const char* Diagrams = "diagrams and other graphics in frames";
 constexpr const char* EmbeddedObjects = "embedded objects and controls";
 constexpr const char* Filters = "filters and sorting";
-constexpr const char* Formulas = "formulas (their stored values were read)";
 constexpr const char* HeadersFooters = "headers and footers";
 constexpr const char* Macros = "macros";
 constexpr const char* NewerCharts = "charts of newer kinds (treemaps, waterfalls and the like)";
@@ -25,6 +23,7 @@ constexpr const char* PhoneticText = "phonetic text";
 constexpr const char* PivotSources = "sources and fields of pivot tables";
 constexpr const char* Protection = "protection";
 constexpr const char* SheetBackgrounds = "background pictures of sheets";
+constexpr const char* TableColumns = "columns of tables in formulas (kept as they are written)";
 constexpr const char* TableStyleParts = "table styles of single rows, columns and stripes";
 
 } // namespace QV::Filters::LeftOut

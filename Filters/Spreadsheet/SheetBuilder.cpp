@@ -70,6 +70,7 @@ SheetBuilder::SheetBuilder(const WorkbookContext& workbook, DOM::Table& table, O
     , _table(table)
     , _report(report)
     , _cells(table)
+    , _formulas(workbook.formulas)
 {
 }
 
@@ -137,6 +138,7 @@ void SheetBuilder::startCell(std::u16string_view reference, unsigned long format
     _type = type;
     _hasValue = false;
     _text = nullptr;
+    _formula = boost::none;
 }
 
 std::string& SheetBuilder::startValue()
@@ -156,12 +158,22 @@ void SheetBuilder::setText(const DOM::SharedCellText& text)
     _text = text;
 }
 
+void SheetBuilder::setFormula(const WrittenFormula& written)
+{
+    if (!_isPlaced)
+        return;
+    CellFormulas::Result result = _formulas.make(written, _place);
+    if (result.message)
+        reportCell(result.message, result.detail);
+    _formula = std::move(result.formula);
+}
+
 void SheetBuilder::endCell()
 {
     if (!_isPlaced)
         return;
     DOM::SharedCellStyle style = findStyle();
-    if (!_hasValue && !_text && !_hasLineStyles) {
+    if (!_hasValue && !_text && !_formula && !_hasLineStyles) {
         DOM::Cell bare;
         bare.setSharedStyle(style);
         if (FilterUtils::isCellEmpty(bare)) {
@@ -175,6 +187,8 @@ void SheetBuilder::endCell()
         cell.setText(_text);
     else if (_hasValue)
         storeValue(cell);
+    if (_formula)
+        cell.setFormula(std::move(*_formula));
 }
 
 /// The style of the open cell. Null would make a cell look as its row or column does, so where these have

@@ -16,6 +16,7 @@
 #include <DOM/Public/TableBuilder.h>
 #include <FilterUtils/FU_NonIntersectedRanges.h>
 #include <Filters/Package/Export.h>
+#include <Filters/Spreadsheet/CellFormulas.h>
 #include <Filters/Spreadsheet/IsoDates.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 
@@ -34,6 +35,7 @@ struct WorkbookContext
     std::vector<DOM::CellTextStock>& sharedStrings;
     DateSystem dateSystem;
     int maxDigitWidth; ///< pixels; see getMaxDigitWidth
+    FormulaContext& formulas;
 };
 
 /// How the text of a cell's value is meant.
@@ -79,6 +81,7 @@ public:
     /// The same in one step.
     void setValue(const std::string& text);
     void setText(const DOM::SharedCellText& text);
+    void setFormula(const WrittenFormula& written);
     void endCell();
 
     void addMerge(std::u16string_view reference);
@@ -104,6 +107,7 @@ private:
     OperationReport& _report;
     DOM::TableBuilder _cells;
     FilterUtils::NonIntersectedRanges _merges;
+    CellFormulas _formulas;
     std::unordered_map<std::string, DOM::SharedCellText> _errors; // few distinct ones, in many cells
     std::map<std::string_view, unsigned long> _reported;          // how often, by pattern
 
@@ -120,6 +124,7 @@ private:
     bool _hasValue = false;
     std::string _value;
     DOM::SharedCellText _text;
+    boost::optional<DOM::Formula> _formula;
 };
 
 } // namespace QV::Filters

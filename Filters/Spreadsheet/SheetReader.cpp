@@ -11,6 +11,7 @@
 #include <FilterUtils/FU_XMLStreamReader.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/XmlParts.h>
+#include <Filters/Spreadsheet/CellReferences.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
 #include <Filters/Spreadsheet/LeftOut.h>
 #include <Filters/Spreadsheet/SheetBuilder.h>
@@ -46,6 +47,12 @@ const std::pair<int, const char*> LeftOutWords[] = {
     {Words::SortState,             LeftOut::Filters           },
 };
 
+const std::pair<std::u16string_view, WrittenFormula::Kind> FormulaKinds[] = {
+    {u"shared",    WrittenFormula::Kind::Shared   },
+    {u"array",     WrittenFormula::Kind::Array    },
+    {u"dataTable", WrittenFormula::Kind::DataTable},
+};
+
 class SheetHandler final : public FilterUtils::XMLStreamHandler
 {
 public:
@@ -69,8 +76,8 @@ public:
         case Words::Value:
             return XMLStep::EnterText;
         case Words::Formula:
-            noteFormula();
-            return XMLStep::Skip;
+            startFormula(element);
+            return XMLStep::EnterText;
         case Words::Row:
             startRow(element);
             return XMLStep::Enter;
@@ -92,6 +99,10 @@ public:
         switch (element.getId()) {
         case Words::Value:
             element.appendText(_builder.startValue());
+            break;
+        case Words::Formula:
+            element.appendText(_formula.text);
+            _builder.setFormula(_formula);
             break;
         case Words::Cell:
             _builder.endCell();
@@ -187,11 +198,24 @@ private:
         return text && (*text == u"1" || *text == u"true" || *text == u"on");
     }
 
-    void noteFormula()
+    void startFormula(const XMLStreamStart& element)
     {
-        if (!_hasFormulas) // a sheet may have very many
-            _run.leaveOut(LeftOut::Formulas);
-        _hasFormulas = true;
+        _formula = WrittenFormula();
+        const auto type = element.findAttribute(Words::Type);
+        if (!type)
+            return;
+        for (const auto& kind : FormulaKinds)
+            if (kind.first == *type)
+                _formula.kind = kind.second;
+        const auto read = [&](int attribute) {
+            return element.findAttributeText(attribute).value_or(std::string());
+        };
+        _formula.sharedIndex = read(Words::SharedIndex);
+        _formula.range =
+            parseRangeReference(element.findAttribute(Words::Ref).value_or(std::u16string_view()));
+        _formula.firstInput = read(Words::FirstInput);
+        _formula.secondInput = read(Words::SecondInput);
+        _formula.isRowInput = isTrue(element, Words::RowInput);
     }
 
     void readSheetFormat(const XMLStreamStart& element)
@@ -272,7 +296,7 @@ private:
     StringItems _strings;
     SheetReferences _references;
     bool _isWorksheet = false;
-    bool _hasFormulas = false;
+    WrittenFormula _formula; // that is open
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include <Filters/Spreadsheet/SpreadsheetImport.h>
 
+#include <cstddef>
 #include <memory>
 #include <set>
 #include <string>
@@ -17,9 +18,11 @@
 #include <Filters/Package/Relationships.h>
 #include <Filters/Package/XmlParts.h>
 #include <Filters/Spreadsheet/CellFormats.h>
+#include <Filters/Spreadsheet/CellFormulas.h>
 #include <Filters/Spreadsheet/ChartReader.h>
 #include <Filters/Spreadsheet/Colors.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
+#include <Filters/Spreadsheet/DefinedNames.h>
 #include <Filters/Spreadsheet/DrawingImport.h>
 #include <Filters/Spreadsheet/FormulaNames.h>
 #include <Filters/Spreadsheet/LeftOut.h>
@@ -41,6 +44,7 @@ using FilterUtils::XMLElement;
 
 constexpr const char* UsualFontName = "Calibri";
 constexpr float UsualFontSize = 11;
+constexpr std::size_t DocumentsMax = 10000; // whose parts are read
 
 class SpreadsheetImporter
 {
@@ -66,13 +70,17 @@ public:
         if (const Relationship* const strings = _relationships->findByType("sharedStrings"))
             _strings = readSharedStrings(_package, strings->target, _colors, _run);
         noteLeftOut();
+        readDocuments(workbook.externalReferenceIds);
 
         const DOM::RunProps& font = *_formats.getDefaultFont();
         const int maxDigitWidth = getMaxDigitWidth(
             font.getFontName().value_or(UsualFontName), font.getFontSize().value_or(UsualFontSize));
-        const WorkbookContext context{_formats, _strings, workbook.dateSystem, maxDigitWidth};
+        const WorkbookContext context{_formats, _strings, workbook.dateSystem, maxDigitWidth, _formulas};
         for (const SheetEntry& sheet : workbook.sheets)
             importSheet(sheet, context);
+        readDefinedNames(workbook.definedNames, _tables, _formulas, _run);
+        if (_formulas.hasTableColumns)
+            _run.leaveOut(LeftOut::TableColumns);
         readDrawings();
         resolveFormulaNames(_run);
     }
@@ -104,7 +112,8 @@ private:
     {
         for (const Relationship& relationship : _relationships->getAll()) {
             if (relationship.isType("externalLink"))
-                addExternalLink(relationship.target);
+                for (const std::string& target : listTargets(relationship.target))
+                    _run.addLink(target);
             else if (relationship.isType("pivotCacheDefinition"))
                 _run.leaveOut(LeftOut::PivotSources);
             else if (relationship.isType("connections") || relationship.isType("xmlMaps"))
@@ -114,13 +123,29 @@ private:
         }
     }
 
-    void addExternalLink(const std::string& part)
+    /// The documents that the part of an external link leads to.
+    std::vector<std::string> listTargets(const std::string& part)
     {
         OperationReport unused; // that an external target is not followed is what the link says
+        std::vector<std::string> targets;
         const Relationships relationships = Relationships::read(_package, part, unused);
         for (const Relationship& relationship : relationships.getAll())
             if (relationship.isExternal)
-                _run.addLink(relationship.target);
+                targets.push_back(relationship.target);
+        return targets;
+    }
+
+    void readDocuments(const std::vector<std::string>& relationshipIds)
+    {
+        for (const std::string& id : relationshipIds) {
+            const Relationship* const link = _relationships->findById(id);
+            std::vector<std::string> targets;
+            if (link && !link->isExternal && _formulas.documents.size() < DocumentsMax)
+                targets = listTargets(link->target);
+            const bool isKnown = !targets.empty() && !targets.front().empty();
+            _formulas.documents.push_back(
+                isKnown ? targets.front() : std::to_string(_formulas.documents.size() + 1));
+        }
     }
 
     void importSheet(const SheetEntry& sheet, const WorkbookContext& context)
@@ -128,6 +153,7 @@ private:
         const Relationship* const relationship = _relationships->findById(sheet.relationshipId);
         if (relationship && !relationship->isType("worksheet")) {
             _run.leaveOut(LeftOut::AlternateSheets);
+            _tables.push_back(nullptr);
             return;
         }
         auto table = std::make_unique<DOM::Table>();
@@ -140,6 +166,7 @@ private:
             _run.getReport().emplace_back("Sheet {} has the part of an earlier sheet", sheet.name);
         else
             _run.getReport().emplace_back("Sheet {} has no part", sheet.name);
+        _tables.push_back(table.get());
         _run.getDocument().getBlocks().append(std::move(table));
     }
 
@@ -190,7 +217,7 @@ private:
         std::set<std::string> charts;
         const auto readOnce = [&](const std::string& part) -> std::unique_ptr<DOM::GraphicalObject> {
             if (charts.insert(part).second)
-                return readChart(_package, part, &tables, _run);
+                return readChart(_package, part, &tables, _run, _formulas.documents);
             // Else a small package would make a model of any size.
             _run.getReport().emplace_back(
                 "Chart {} is shown more than once, and read for the first time only", part);
@@ -210,6 +237,8 @@ private:
     std::set<std::string> _sheetParts; // that were read
     std::set<std::string> _tableParts; // likewise
     SheetNames _sheetNames;
+    FormulaContext _formulas;
+    std::vector<const DOM::Table*> _tables;                     // of the sheets; null where a sheet is none
     std::vector<std::pair<std::string, DOM::Table*>> _drawings; // the parts, and where they lie
 };
 

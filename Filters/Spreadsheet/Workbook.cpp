@@ -25,10 +25,10 @@ Dialect findDialect(const XMLElement& root, Dialect expected)
 }
 
 /// Some writers mix the two dialects in one part.
-std::string readRelationshipId(const XMLElement& sheet)
+std::string readRelationshipId(const XMLElement& element)
 {
     for (const Dialect dialect : Dialects)
-        if (const auto id = sheet.getAttributeValue(Names(dialect)(Vocabulary::Relationships, "id")))
+        if (const auto id = element.getAttributeValue(Names(dialect)(Vocabulary::Relationships, "id")))
             return *id;
     return {};
 }
@@ -41,7 +41,6 @@ bool isTrue(const boost::optional<std::string>& text)
 void noteLeftOut(const XMLElement& root, const Names& names, FilterRun& run)
 {
     const std::pair<const char*, const char*> parts[] = {
-        {"definedNames",       LeftOut::DefinedNames},
         {"pivotCaches",        LeftOut::PivotSources},
         {"workbookProtection", LeftOut::Protection  },
     };
@@ -67,6 +66,17 @@ Workbook readWorkbook(const XMLElement& root, Dialect dialect, FilterRun& run)
         if (!isHidden && state != "visible")
             run.getReport().emplace_back("Sheet {} has an unknown state {}", name, state);
         workbook.sheets.push_back({name, readRelationshipId(sheet), !isHidden});
+    });
+    root.getElement(named("externalReferences"))
+        .processElements(named("externalReference"), [&](const XMLElement& reference) {
+            workbook.externalReferenceIds.push_back(readRelationshipId(reference));
+        });
+    root.getElement(named("definedNames")).processElements(named("definedName"), [&](const XMLElement& name) {
+        const auto read = [&](const char* attribute) {
+            return name.getAttributeValue(attribute).value_or(std::string());
+        };
+        workbook.definedNames.push_back({read("name"), name.getText().value_or(std::string()),
+            read("localSheetId"), !isTrue(name.getAttributeValue("hidden"))});
     });
     noteLeftOut(root, workbook.names, run);
     return workbook;

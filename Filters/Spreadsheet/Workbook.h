@@ -20,10 +20,21 @@ struct SheetEntry
     bool isVisible;
 };
 
+/// A defined name as the workbook part lists it.
+struct NameEntry
+{
+    std::string name;
+    std::string text;        ///< of its formula
+    std::string sheetNumber; ///< from 0; empty where the name is that of the whole workbook
+    bool isVisible;
+};
+
 /// What the workbook part says.
 struct Workbook
 {
-    std::vector<SheetEntry> sheets; ///< in their order
+    std::vector<SheetEntry> sheets;                ///< in their order
+    std::vector<std::string> externalReferenceIds; ///< of relationships; formulas number them from 1
+    std::vector<NameEntry> definedNames;
     DateSystem dateSystem = DateSystem::From1900;
     Names names = Names(Dialect::Transitional); ///< of this part, and so of the others
 };

@@ -14,6 +14,7 @@
 #include <boost/variant/get.hpp>
 
 #include <DOM/Public/FormulaSyntaxTree.h>
+#include <Formulas/Public/FormulaText.h>
 #include <Formulas/Public/TableContext.h>
 #include <Formulas/Public/ValidRange.h>
 #include <Utils/Public/Visitor.h>

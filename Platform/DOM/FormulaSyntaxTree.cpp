@@ -94,6 +94,14 @@ void CompoundExpr::appendChild(std::unique_ptr<Expr> child)
         _children.push_back(std::move(child));
 }
 
+void CompoundExpr::setChild(std::size_t index, std::unique_ptr<Expr> child)
+{
+    QV_ASSERT(child);
+    QV_ASSERT(index < _children.size());
+    if (child && index < _children.size())
+        _children[index] = std::move(child);
+}
+
 std::unique_ptr<Expr> FunctionCall::cloneNode() const
 {
     return std::make_unique<FunctionCall>(_name);

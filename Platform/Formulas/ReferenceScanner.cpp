@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <Formulas/Public/Utils.h>
 #include <Utils/Public/CaseInsensitiveLess.h>
 
 namespace QV::Formulas {
@@ -58,11 +59,6 @@ bool equalWithoutCase(boost::string_ref a, boost::string_ref b)
     return !less(a, b) && !less(b, a);
 }
 
-bool isTruthConstant(boost::string_ref word)
-{
-    return equalWithoutCase(word, "TRUE") || equalWithoutCase(word, "FALSE");
-}
-
 /// "A1", or "R1C1" and its parts: taken for a cell in one of the two ways of naming cells.
 bool looksLikeCell(boost::string_ref word)
 {
@@ -79,16 +75,29 @@ bool looksLikeCell(boost::string_ref word)
 
 } // namespace
 
+boost::optional<bool> readTruth(boost::string_ref word)
+{
+    if (equalWithoutCase(word, "TRUE"))
+        return true;
+    return boost::make_optional(equalWithoutCase(word, "FALSE"), false);
+}
+
 bool isPlainTableName(boost::string_ref name)
 {
     return !name.empty() && !isDigit(name.front()) && name.front() != '.' &&
            std::all_of(name.begin(), name.end(), isTableCharacter) && !looksLikeCell(name) &&
-           !isTruthConstant(name);
+           !readTruth(name);
 }
 
 void ReferenceScanner::skipBlanks()
 {
     _rest.remove_prefix(countFront(_rest, [](char c) { return c == ' '; }));
+}
+
+void ReferenceScanner::skipWhiteSpace()
+{
+    _rest.remove_prefix(
+        countFront(_rest, [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }));
 }
 
 bool ReferenceScanner::skip(char character)
@@ -219,7 +228,10 @@ boost::optional<std::string> ReferenceScanner::scanQuoted()
 
 bool ReferenceScanner::isInsideWord() const
 {
-    return !_rest.empty() && (isNameCharacter(_rest.front()) || _rest.front() == '$');
+    if (_rest.empty())
+        return false;
+    const char next = _rest.front();
+    return isNameCharacter(next) || next == '$' || next == '(' || next == '['; // "LOG10(" is no cell
 }
 
 boost::optional<ScannedEnd> ReferenceScanner::scanEnd()
@@ -236,19 +248,16 @@ boost::optional<ScannedEnd> ReferenceScanner::scanEnd()
 
 boost::optional<ColumnAxisIndex> ReferenceScanner::scanColumn()
 {
-    constexpr unsigned long LettersCount = 26;
     const bool isAbsolute = _rest.starts_with('$');
     const boost::string_ref text = _rest.substr(isAbsolute ? 1 : 0);
     const std::size_t size = countFront(text, isLetter);
     if (size == 0 || size > MaxColumnLetters)
         return boost::none;
-    unsigned long number = 0;
-    for (const char letter : text.substr(0, size))
-        number = number * LettersCount + static_cast<unsigned long>((letter | 0x20) - 'a') + 1;
-    if (ColumnIndex(number - 1) > MaxColumnIndex)
+    const auto column = Utils::convertAlphaIndexToIndex(text.substr(0, size));
+    if (!column || ColumnIndex(*column) > MaxColumnIndex)
         return boost::none;
     _rest = text.substr(size);
-    return ColumnAxisIndex(ColumnIndex(number - 1), isAbsolute);
+    return ColumnAxisIndex(ColumnIndex(*column), isAbsolute);
 }
 
 boost::optional<RowAxisIndex> ReferenceScanner::scanRow()
@@ -267,16 +276,23 @@ boost::optional<RowAxisIndex> ReferenceScanner::scanRow()
     return RowAxisIndex(RowIndex(number - 1), isAbsolute);
 }
 
-boost::optional<std::string> ReferenceScanner::scanName()
+boost::string_ref ReferenceScanner::scanWord()
 {
     if (_rest.empty() || !isNameStart(_rest.front()))
-        return boost::none;
-    const std::size_t size = countFront(_rest, isNameCharacter);
-    if (isTruthConstant(_rest.substr(0, size)))
-        return boost::none;
-    const std::string name = _rest.substr(0, size).to_string();
-    _rest.remove_prefix(size);
-    return name;
+        return {};
+    const boost::string_ref word = _rest.substr(0, countFront(_rest, isNameCharacter));
+    _rest.remove_prefix(word.size());
+    return word;
+}
+
+boost::optional<std::string> ReferenceScanner::scanName()
+{
+    const boost::string_ref start = _rest;
+    const boost::string_ref word = scanWord();
+    if (!word.empty() && !readTruth(word))
+        return word.to_string();
+    _rest = start;
+    return boost::none;
 }
 
 } // namespace QV::Formulas

@@ -36,8 +36,14 @@ public:
     }
 
     bool isAtEnd() const { return _rest.empty(); }
+    /// What is not taken yet.
+    boost::string_ref getRest() const { return _rest; }
+    /// Takes @p size characters, of which there are so many.
+    void advance(std::size_t size) { _rest.remove_prefix(size); }
 
     void skipBlanks();
+    /// Takes blanks, tabs and line ends.
+    void skipWhiteSpace();
     bool skip(char character);
     /// Takes @p word, case and all.
     bool skipWord(boost::string_ref word);
@@ -46,12 +52,14 @@ public:
     boost::optional<ScannedPlace> scanPlace();
 
     /// End ::= "$"? Letters "$"? Digits | "$"? Letters | "$"? Digits, within the largest sheet, and not the
-    /// beginning of a longer word.
+    /// beginning of a longer word, of a call or of a reference to the columns of a table.
     boost::optional<ScannedEnd> scanEnd();
 
     /// A defined name: a letter, "_", "\" or any character beyond ASCII, then those, digits, "." and "?".
     /// The constants TRUE and FALSE are none.
     boost::optional<std::string> scanName();
+    /// The same with the constants; empty where there is none.
+    boost::string_ref scanWord();
 
 private:
     boost::optional<std::string> scanDocument();
@@ -65,6 +73,9 @@ private:
 
     boost::string_ref _rest;
 };
+
+/// The constants TRUE and FALSE, of either case.
+boost::optional<bool> readTruth(boost::string_ref word);
 
 /// Whether a table's name can stand before "!" without quotes, and is taken for nothing else there.
 bool isPlainTableName(boost::string_ref name);

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include <DOM/Public/BlockCollection.h>
 #include <DOM/Public/DateSystem.h>
+#include <DOM/Public/DefinedName.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/Styles.h>
@@ -32,11 +36,17 @@ public:
     DateSystem getDateSystem() const { return _dateSystem; }
     void setDateSystem(DateSystem system) { _dateSystem = system; }
 
+    /// In the order in which they were added; several tables may each have one of the same name.
+    std::vector<DefinedName>& getDefinedNames() { return _definedNames; }
+    const std::vector<DefinedName>& getDefinedNames() const { return _definedNames; }
+    void addDefinedName(DefinedName name) { _definedNames.push_back(std::move(name)); }
+
 private:
     SharedObjectFactory _sharedObjects;
     Styles _styles;
     BlockCollection _blocks;
     DateSystem _dateSystem = DateSystem::From1900;
+    std::vector<DefinedName> _definedNames;
 };
 
 } // namespace QV::DOM

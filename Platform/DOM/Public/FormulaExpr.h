@@ -3,6 +3,7 @@
 /// @file
 /// The nodes of a formula's syntax tree: what every kind of node can do. FormulaSyntaxTree.h holds the kinds.
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -119,6 +120,10 @@ public:
     const Children& getChildren() const override { return _children; }
     /// @param child asserted not to be null ("child"); a null one is left out
     void appendChild(std::unique_ptr<Expr> child);
+    /// Puts another node in the place of a child, which goes with all below it.
+    /// @param index asserted to be that of a child ("index < _children.size()")
+    /// @param child asserted not to be null ("child")
+    void setChild(std::size_t index, std::unique_ptr<Expr> child);
 
 protected:
     CompoundExpr() = default;

@@ -128,7 +128,8 @@ public:
     static constexpr BinaryOpType getType() { return Type; }
 };
 
-/// References in parentheses, with commas between: "(A1,B2)".
+/// Expressions in parentheses, with commas between: "(A1,B2)". A list of one is parentheses that the formula
+/// has without need: an operand that needs some has none in the tree.
 class DOM_API ArgumentsList final : public PlainCompoundExpr<ArgumentsList>
 {
 };

@@ -1,9 +1,7 @@
 #pragma once
 
 /// @file
-/// References of formulas: text <-> syntax tree.
-
-#include <string>
+/// Formulas that are references and nothing else. FormulaText.h reads and prints all formulas.
 
 #include <boost/optional.hpp>
 #include <boost/utility/string_ref.hpp>
@@ -12,8 +10,6 @@
 #include <Formulas/Public/Export.h>
 
 namespace QV::Formulas {
-
-class TableContext;
 
 /// Reads a formula that is a reference, or a list of references, and nothing else.
 ///
@@ -42,17 +38,5 @@ class TableContext;
 ///
 /// @return nothing for any other text
 FORMULAS_API boost::optional<DOM::Formula> parseReference(boost::string_ref text);
-
-/// The text of a formula that parseReference could give: letters of columns are capital, names have quotes
-/// where they need them, lists stand in parentheses. Tables are named by their current names in @p context;
-/// a reference to an identifier that it does not know becomes "#REF!" and the cells.
-///
-///     toText(formula, context); // "'My sheet'!$A$1:$C$9"
-///
-/// parseReference reads the text back to an equal tree, but for identifiers, and for names of tables with
-/// brackets or colons.
-///
-/// @return the empty text for a formula that holds anything but references
-FORMULAS_API std::string toText(const DOM::Formula& formula, const TableContext& context);
 
 } // namespace QV::Formulas

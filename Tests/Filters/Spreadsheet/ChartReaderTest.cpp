@@ -199,7 +199,8 @@ const ReferenceRow ReferenceRows[] = {
     {"NoTable",       "A1",                          nullptr,                 Lost                                                        },
     {"PartOfList",    "(Sheet1!A1,#REF!,Sheet1!B2)", "(Sheet1!A1,Sheet1!B2)", PartlyLost                                                  },
     {"OneOfList",     "(Sheet9!A1,Sheet1!B2)",       "Sheet1!B2",             PartlyLost                                                  },
-    {"Function",      "SUM(Sheet1!A1)",              "",                      "Chart chart.xml has an unreadable reference SUM(Sheet1!A1)"},
+    {"Function",      "SUM(Sheet1!A1)",              nullptr,                 Lost                                                        },
+    {"Unreadable",    "SUM(Sheet1!A1",               "",                      "Chart chart.xml has an unreadable reference SUM(Sheet1!A1" },
     {"Empty",         "",                            "",                      nullptr                                                     },
 };
 

@@ -51,7 +51,8 @@ protected:
 
     CellFormats formats;
     std::vector<DOM::CellTextStock> strings = makeStrings();
-    WorkbookContext workbook{formats, strings, DateSystem::From1900, 7};
+    FormulaContext formulas;
+    WorkbookContext workbook{formats, strings, DateSystem::From1900, 7, formulas};
     DOM::Table table;
     OperationReport report;
     SheetBuilder builder{workbook, table, report};

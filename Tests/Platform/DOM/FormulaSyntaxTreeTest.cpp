@@ -237,6 +237,44 @@ TEST(CompoundExpr, LeavesOutANullChild)
     EXPECT_THAT(recorded.getExpressions(), ElementsAre("child"));
 }
 
+TEST(CompoundExpr, ChildrenAreReplaced)
+{
+    FunctionCall call("F");
+    call.appendChild(std::make_unique<Number>(1));
+    call.appendChild(std::make_unique<Number>(2));
+    call.setChild(1, std::make_unique<Bool>(true));
+    EXPECT_TRUE(*call.getChildren()[0] == Number(1));
+    EXPECT_TRUE(*call.getChildren()[1] == Bool(true));
+    const RecordedAssertions recorded;
+    call.setChild(0, nullptr);
+    call.setChild(2, std::make_unique<Number>(3));
+    EXPECT_TRUE(*call.getChildren()[0] == Number(1));
+    EXPECT_EQ(call.getChildren().size(), 2U);
+    EXPECT_THAT(recorded.getExpressions(), ElementsAre("child", "index < _children.size()"));
+}
+
+TEST(Formula, IsTextWhereItWasNotRead)
+{
+    const Formula formula = Formula::makeUnread("1+");
+    EXPECT_EQ(formula.getUnreadText(), "1+");
+    EXPECT_EQ(applyVisitor(PlaceTeller(), formula.getSyntaxTree()), PlaceOf<Empty>);
+    EXPECT_TRUE(Formula(formula) == formula);
+    EXPECT_FALSE(formula == Formula::makeUnread("1-"));
+    EXPECT_FALSE(formula == Formula(std::make_unique<Empty>()));
+    EXPECT_EQ(Formula(makeTree()).getUnreadText(), "");
+}
+
+TEST(Formula, OfAnArrayKnowsItsCells)
+{
+    Formula formula(makeTree());
+    const Formula plain = formula;
+    EXPECT_FALSE(formula.getArrayRange());
+    formula.setArrayRange(TableRange(0, 0, 2, 3));
+    EXPECT_EQ(formula.getArrayRange()->getEndColumn(), 3U);
+    EXPECT_TRUE(Formula(formula) == formula);
+    EXPECT_FALSE(formula == plain);
+}
+
 TEST(Formula, ANullTreeIsAnEmptyArgument)
 {
     const RecordedAssertions recorded;

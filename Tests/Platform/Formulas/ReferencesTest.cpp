@@ -8,70 +8,21 @@
 #include <vector>
 
 #include <boost/regex.hpp>
-#include <boost/variant/get.hpp>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <DOM/Public/FormulaSyntaxTree.h>
+#include <Formulas/Public/FormulaText.h>
 #include <Formulas/Public/TableContext.h>
-#include <Utils/Public/Visitor.h>
+#include <Tests/Support/FormulaTrees.h>
 
 namespace QV::Formulas {
 namespace {
 
 using namespace DOM::FormulaSyntaxTree;
 
-// What a tree is, in a notation that differs from that of formulas: kind{document|tables|axes}.
-struct Describer
-{
-    static std::string describe(const TableAddress& table)
-    {
-        const UUID* const uuid = boost::get<UUID>(&table);
-        return uuid ? uuid->toString() : boost::get<std::string>(table);
-    }
-    template <RowOrColumnTag Axis>
-    static std::string describe(const AxisIndex<Axis>& index)
-    {
-        return (index.isAbsolute() ? "=" : "") + std::to_string(index.getIndex().get());
-    }
-    template <RowOrColumnTag Axis>
-    static std::string describe(const CellRangeAxis<Axis>& axis)
-    {
-        return axis.isWhole() ? "all" : describe(axis.getFirst()) + "-" + describe(axis.getLast());
-    }
-
-    std::string operator()(const CellAddress& cell) const
-    {
-        return "cell{" + cell.getDocURL() + "|" + describe(cell.getTableAddress()) + "|c" +
-               describe(cell.getColumn()) + " r" + describe(cell.getRow()) + "}";
-    }
-    std::string operator()(const CellRange& range) const
-    {
-        return "range{" + range.getDocURL() + "|" + describe(range.getFirstTableAddress()) + "|" +
-               describe(range.getSecondTableAddress()) + "|c" + describe(range.getColumns()) + " r" +
-               describe(range.getRows()) + "}";
-    }
-    std::string operator()(const Label& label) const
-    {
-        return "label{" + label.getDocURL() + "|" + describe(label.getTableAddress()) + "|" +
-               label.getName() + "}";
-    }
-    std::string operator()(const Error& error) const { return "error{" + error.getText() + "}"; }
-    std::string operator()(const ArgumentsList& list) const
-    {
-        std::string text;
-        for (const auto& item : list.getChildren())
-            text += applyVisitor(*this, static_cast<const Expr&>(*item));
-        return "list{" + text + "}";
-    }
-    std::string operator()(const Expr&) const { return "other"; }
-};
-
-std::string describe(const DOM::Formula& formula)
-{
-    return applyVisitor(Describer(), formula.getSyntaxTree());
-}
+using Tests::describeTree;
 
 struct ReferenceRow
 {
@@ -160,7 +111,7 @@ TEST_P(ParseReference, KeepsRow)
     const ReferenceRow& row = GetParam();
     const auto formula = parseReference(row.text);
     ASSERT_TRUE(formula);
-    EXPECT_EQ(describe(*formula), row.tree);
+    EXPECT_EQ(describeTree(*formula), row.tree);
     EXPECT_EQ(toText(*formula, TableContext()), row.printed ? row.printed : row.text);
 }
 
@@ -282,23 +233,6 @@ TEST(ToText, NamesTablesByTheirCurrentNames)
     EXPECT_EQ(print(second, std::string("C")), "'B:C'!A1:A2") << "names like columns have quotes";
     EXPECT_EQ(print(UUID(3, 3), std::string()), "#REF!A1:A2");
     EXPECT_EQ(print(first, UUID(3, 3)), "#REF!A1:A2");
-}
-
-TEST(ToText, GivesNothingForWhatIsNoReference)
-{
-    const TableContext context;
-    EXPECT_EQ(toText(DOM::Formula(std::make_unique<Number>(1)), context), "");
-    auto list = std::make_unique<ArgumentsList>();
-    list->appendChild(std::make_unique<Label>(EmptyDocumentAddress, std::string(), "Rate"));
-    list->appendChild(std::make_unique<Number>(1));
-    EXPECT_EQ(toText(DOM::Formula(std::move(list)), context), "");
-    std::unique_ptr<Expr> deep = std::make_unique<Number>(1);
-    for (int i = 0; i < 100000; ++i) {
-        auto outer = std::make_unique<ArgumentsList>();
-        outer->appendChild(std::move(deep));
-        deep = std::move(outer);
-    }
-    EXPECT_EQ(toText(DOM::Formula(std::move(deep)), context), "");
 }
 
 } // namespace

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+
+#include <DOM/Public/FormulaReferences.h>
+
+namespace QV::Formulas {
+
+class ReferenceScanner;
+
+/// Takes the production REF of References.h from the front of the text. Null where the text does not go on
+/// with a reference; the scanner is anywhere then.
+std::unique_ptr<DOM::FormulaSyntaxTree::Expr> takeReference(ReferenceScanner& scanner);
+
+/// The rows or columns between two ends, which are put in order.
+template <RowOrColumnTag Axis>
+DOM::FormulaSyntaxTree::CellRangeAxis<Axis> makeOrderedAxis(
+    const DOM::FormulaSyntaxTree::AxisIndex<Axis>& a, const DOM::FormulaSyntaxTree::AxisIndex<Axis>& b)
+{
+    using Result = DOM::FormulaSyntaxTree::CellRangeAxis<Axis>;
+    return a.getIndex() <= b.getIndex() ? Result(a, b) : Result(b, a);
+}
+
+} // namespace QV::Formulas
