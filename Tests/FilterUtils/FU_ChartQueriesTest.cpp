@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <Formulas/Public/FormulaText.h>
 #include <Formulas/Public/References.h>
 #include <Formulas/Public/TableContext.h>
 #include <Tests/Support/RecordedAssertions.h>
