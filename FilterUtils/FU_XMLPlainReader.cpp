@@ -100,7 +100,8 @@ bool XMLPlainReader::fill(std::istream& stream)
     if (_hasEnded || _parser.hasInputBreach())
         return false;
     if (_begin > 0) {
-        _windowPlace = getPlace();
+        _place = getPlace();
+        _placed = 0;
         std::copy(at(), windowEnd(), _window.data());
         _end -= _begin;
         _handedEnd = 0;
@@ -117,7 +118,8 @@ bool XMLPlainReader::fill(std::istream& stream)
 void XMLPlainReader::handOn(const char* end)
 {
     _expectedProgress = _parser.getProgress() + 1;
-    _handedPlace = getPlace();
+    _handedPlace = _place = getPlace();
+    _placed = _begin;
     _handedEnd = static_cast<std::size_t>(end - _window.data());
     const auto [line, column] = _parser.getParserPlace();
     _parserPlace = {line, column};
@@ -131,8 +133,8 @@ void XMLPlainReader::turnOff()
 
 XMLPlainReader::Place XMLPlainReader::getPlace() const
 {
-    std::string_view passed = makeView(_window.data(), at());
-    Place place = _windowPlace;
+    std::string_view passed = makeView(_window.data() + _placed, at());
+    Place place = _place;
     // A carriage return ends a line, unless it is one end with the line feed that follows.
     const bool hasReturns = passed.find('\r') != std::string_view::npos;
     while (true) {

@@ -110,7 +110,8 @@ private:
     std::vector<OpenElement> _open;
     std::string _openNames; // of those that were taken
 
-    Place _windowPlace{1, 1};            // of the window's first byte
+    std::size_t _placed = 0;             // in the window
+    Place _place{1, 1};                  // of that
     Place _handedPlace{1, 1};            // of what was handed on last
     Place _parserPlace{1, 1};            // the same, as Xerces counts
     std::uint64_t _expectedProgress = 0; // of Xerces, once it has dealt with that

@@ -249,7 +249,7 @@ private:
     {
         const auto number = element.findAttribute(Words::Reference);
         const auto row = readUnsigned(number);
-        if (number && !row)
+        if (number && row.value_or(0) == 0)
             _builder.reportValue(
                 "Row number {} is none", element.findAttributeText(Words::Reference).value_or(std::string()));
         _builder.startRow(row);

@@ -114,7 +114,9 @@ class Preview(unittest.TestCase):
             if place in self.grid.covered or place[0] in hidden or "value" not in cell:
                 continue
             value = cell["value"]
-            if cell["type"] == "number":
+            if "display" in cell:
+                self.assertEqual(texts[place], cell["display"], cell["ref"])
+            elif cell["type"] == "number":
                 self.assertEqual(float(texts[place]), value, cell["ref"])
             elif cell["type"] == "boolean":
                 self.assertEqual(texts[place], str(value).upper(), cell["ref"])
