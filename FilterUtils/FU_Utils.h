@@ -9,8 +9,8 @@
 #include <FilterUtils/FU_CellQueries.h>              // IWYU pragma: keep
 #include <FilterUtils/FU_ChartQueries.h>             // IWYU pragma: keep
 #include <FilterUtils/FU_Colors.h>                   // IWYU pragma: keep
-#include <FilterUtils/FU_DocumentLinks.h>            // IWYU pragma: keep
 #include <FilterUtils/FU_DateTimeFormatCodes.h>      // IWYU pragma: keep
+#include <FilterUtils/FU_DocumentLinks.h>            // IWYU pragma: keep
 #include <FilterUtils/FU_Errors.h>                   // IWYU pragma: keep
 #include <FilterUtils/FU_GeometryParserUtils.h>      // IWYU pragma: keep
 #include <FilterUtils/FU_IDGenerators.h>             // IWYU pragma: keep

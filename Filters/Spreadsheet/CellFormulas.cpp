@@ -10,11 +10,6 @@
 namespace QV::Filters {
 namespace {
 
-std::size_t countNodes(const DOM::Formula& formula)
-{
-    return DOM::FormulaSyntaxTree::toExprStack(formula.getSyntaxTree()).size();
-}
-
 bool isCellReference(const std::string& text)
 {
     const auto reference = Formulas::parseReference(text);
@@ -28,10 +23,18 @@ long getDistance(unsigned long from, unsigned long to)
 
 } // namespace
 
+std::size_t FormulaContext::getCost(const DOM::Formula& formula, const std::string& text) const
+{
+    constexpr std::size_t BytesPerNode = 64;
+    const std::size_t nodes = DOM::FormulaSyntaxTree::toExprStack(formula.getSyntaxTree()).size();
+    const std::size_t address = text.find('[') == std::string::npos ? 0 : longestAddress;
+    return nodes + (text.size() + nodes * address) / BytesPerNode;
+}
+
 boost::optional<DOM::Formula> FormulaContext::parse(const std::string& text)
 {
     auto parsed = text.size() <= BytesMax ? Formulas::parseFormula(text, documents) : boost::none;
-    const std::size_t cost = parsed ? countNodes(parsed->formula) : 0;
+    const std::size_t cost = parsed ? getCost(parsed->formula, text) : 0;
     if (!parsed || cost > nodesLeft)
         return boost::none;
     nodesLeft -= cost;
@@ -52,8 +55,8 @@ CellFormulas::Result CellFormulas::make(const WrittenFormula& written, const Cel
     // What a follower says of itself goes for the others only where nothing else does.
     if (isShared && result.formula && (written.range || _shared.count(written.sharedIndex) == 0)) {
         _shared.erase(written.sharedIndex);
-        _shared.emplace(
-            written.sharedIndex, SharedFormula{*result.formula, cell, countNodes(*result.formula)});
+        _shared.emplace(written.sharedIndex,
+            SharedFormula{*result.formula, cell, _context.getCost(*result.formula, written.text)});
     }
     return result;
 }

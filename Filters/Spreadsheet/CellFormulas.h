@@ -17,14 +17,21 @@ namespace QV::Filters {
 /// What the formulas of a workbook share.
 struct FILTERS_API FormulaContext
 {
-    /// Nodes of syntax trees for all cells: a small package can share a long formula among very many cells.
+    /// What the formulas of all cells may cost: a small package can share a long formula among very many
+    /// cells.
     static constexpr std::size_t NodesMax = 8'000'000;
     /// The longest formula that applications take, of 8192 characters.
     static constexpr std::size_t BytesMax = 32768;
 
     Formulas::DocumentList documents; ///< that are referred to by their numbers
+    std::size_t longestAddress = 0;   ///< of those, in bytes
     std::size_t nodesLeft = NodesMax;
     bool hasTableColumns = false; ///< some formula so far
+
+    /// In nodes of its syntax tree; 64 bytes of names, texts and addresses inside count as one more.
+    ///
+    /// @param text what the formula was read from
+    std::size_t getCost(const DOM::Formula& formula, const std::string& text) const;
 
     /// Nothing for a text that is no formula, is too long, or costs more than is left.
     boost::optional<DOM::Formula> parse(const std::string& text);

@@ -1,5 +1,6 @@
 #include <Filters/Spreadsheet/SpreadsheetImport.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <set>
@@ -44,7 +45,8 @@ using FilterUtils::XMLElement;
 
 constexpr const char* UsualFontName = "Calibri";
 constexpr float UsualFontSize = 11;
-constexpr std::size_t DocumentsMax = 10000; // whose parts are read
+constexpr std::size_t DocumentAddressBytesMax = 4096; // longer ones are left to "qvfilter links"
+constexpr std::size_t DocumentsMax = 10000;           // whose parts are read
 
 class SpreadsheetImporter
 {
@@ -142,9 +144,12 @@ private:
             std::vector<std::string> targets;
             if (link && !link->isExternal && _formulas.documents.size() < DocumentsMax)
                 targets = listTargets(link->target);
-            const bool isKnown = !targets.empty() && !targets.front().empty();
+            // Formulas take the address along at each reference.
+            const bool isKnown = !targets.empty() && !targets.front().empty() &&
+                                 targets.front().size() <= DocumentAddressBytesMax;
             _formulas.documents.push_back(
                 isKnown ? targets.front() : std::to_string(_formulas.documents.size() + 1));
+            _formulas.longestAddress = std::max(_formulas.longestAddress, _formulas.documents.back().size());
         }
     }
 

@@ -46,18 +46,29 @@ const char* getSkeleton(const DateTimePatternItem& item)
     return "";
 }
 
+// Making one takes long, and most callers ask for the same locale again. Null where ICU has no data.
+icu::DateTimePatternGenerator* getGenerator(const std::string& locale, UErrorCode& status)
+{
+    thread_local std::string name;
+    thread_local std::unique_ptr<icu::DateTimePatternGenerator> generator;
+    if (!generator || name != locale) {
+        generator.reset(icu::DateTimePatternGenerator::createInstance(icu::Locale(locale.c_str()), status));
+        name = locale;
+    }
+    return generator.get();
+}
+
 icu::UnicodeString findPattern(const DateTimePatternItemSet& items, const LocaleContext& context)
 {
     icu::UnicodeString skeleton;
     for (const DateTimePatternItem& item : items)
         skeleton += icu::UnicodeString(getSkeleton(item), -1, US_INV);
     UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::DateTimePatternGenerator> generator(
-        icu::DateTimePatternGenerator::createInstance(icu::Locale(context.getName().c_str()), status));
+    icu::DateTimePatternGenerator* const generator = getGenerator(context.getName(), status);
     icu::UnicodeString pattern;
-    if (U_SUCCESS(status))
+    if (generator && U_SUCCESS(status))
         pattern = generator->getBestPattern(skeleton, status);
-    if (U_FAILURE(status))
+    if (!generator || U_FAILURE(status))
         throw std::runtime_error(std::string("No date pattern: ") + u_errorName(status));
     return pattern;
 }

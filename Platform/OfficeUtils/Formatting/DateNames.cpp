@@ -1,6 +1,10 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <map>
+#include <string>
+#include <utility>
 
 #include <unicode/dtfmtsym.h>
 #include <unicode/locid.h>
@@ -30,7 +34,8 @@ void takeNames(
     }
 }
 
-std::shared_ptr<const DateNames> makeNames(const icu::Locale& locale)
+// The name of a month has another form beside a day in many languages.
+std::shared_ptr<const DateNames> makeNames(const icu::Locale& locale, bool isBesideDay)
 {
     UErrorCode status = U_ZERO_ERROR;
     const icu::DateFormatSymbols symbols(locale, status);
@@ -39,13 +44,14 @@ std::shared_ptr<const DateNames> makeNames(const icu::Locale& locale)
     using Symbols = icu::DateFormatSymbols;
     auto names = std::make_shared<DateNames>();
     std::int32_t count = 0;
-    const icu::UnicodeString* found = symbols.getMonths(count, Symbols::FORMAT, Symbols::WIDE);
+    const icu::UnicodeString* found =
+        symbols.getMonths(count, isBesideDay ? Symbols::FORMAT : Symbols::STANDALONE, Symbols::WIDE);
     takeNames(names->months, found, count, 0);
-    found = symbols.getMonths(count, Symbols::FORMAT, Symbols::ABBREVIATED);
+    found = symbols.getMonths(count, Symbols::STANDALONE, Symbols::ABBREVIATED);
     takeNames(names->shortMonths, found, count, 0);
     found = symbols.getWeekdays(count, Symbols::FORMAT, Symbols::WIDE);
     takeNames(names->weekdays, found, count, 1); // the first entry is no day
-    found = symbols.getWeekdays(count, Symbols::FORMAT, Symbols::ABBREVIATED);
+    found = symbols.getWeekdays(count, Symbols::STANDALONE, Symbols::ABBREVIATED);
     takeNames(names->shortWeekdays, found, count, 1);
     return names;
 }
@@ -60,6 +66,26 @@ std::shared_ptr<const DateNames> getEnglishNames()
         {"Sun",       "Mon",                 "Tue",                 "Wed",                  "Thu",                               "Fri",                                                                                                "Sat"                                                                                                                                                                                                                                                 }
     });
     return names;
+}
+
+bool showsDay(const Rule& rule)
+{
+    const auto isDay = [](const Token& token) { return token.kind == TokenKind::Day; };
+    return std::any_of(rule.getTokens().begin(), rule.getTokens().end(), isDay);
+}
+
+// Making them takes long, and a workbook may have very many formats in few languages.
+std::shared_ptr<const DateNames> findNames(const std::string& locale, bool isBesideDay)
+{
+    constexpr std::size_t KeptMax = 64;
+    thread_local std::map<std::pair<std::string, bool>, std::shared_ptr<const DateNames>> kept;
+    const std::pair<std::string, bool> key(locale, isBesideDay);
+    const auto found = kept.find(key);
+    if (found != kept.end())
+        return found->second;
+    if (kept.size() == KeptMax)
+        kept.clear();
+    return kept[key] = makeNames(icu::Locale(locale.c_str()), isBesideDay);
 }
 
 bool showsNames(const Rule& rule)
@@ -84,7 +110,7 @@ std::shared_ptr<const DateNames> findDateNames(const Rule& rule)
         static_cast<std::uint32_t>(language), name, static_cast<std::int32_t>(std::size(name)), &status);
     if (U_FAILURE(status) || length <= 0 || status == U_STRING_NOT_TERMINATED_WARNING)
         return getEnglishNames();
-    auto names = makeNames(icu::Locale(name));
+    const auto names = findNames(name, showsDay(rule));
     return names ? names : getEnglishNames();
 }
 

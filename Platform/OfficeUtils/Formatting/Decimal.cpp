@@ -15,7 +15,7 @@ constexpr int SignificantDigits = 15;
 
 Decimal::Decimal(double magnitude)
 {
-    if (magnitude == 0)
+    if (magnitude == 0 || !std::isfinite(magnitude))
         return;
     char text[32]; // "d.ddddddddddddddddde-ddd"
     const char* const end =

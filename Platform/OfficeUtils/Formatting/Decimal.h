@@ -8,7 +8,7 @@ namespace QV::OfficeUtils {
 class Decimal
 {
 public:
-    /// @param magnitude finite; its sign does not count
+    /// @param magnitude its sign does not count; what is not finite counts as zero
     explicit Decimal(double magnitude);
 
     bool isZero() const { return _digits.empty(); }

@@ -141,6 +141,8 @@ Magnitude formatFraction(double number, const Rule& rule)
     }
     if (!parts.hasWhole)
         fraction.numerator += whole * fraction.denominator;
+    if (!std::isfinite(magnitude) || !std::isfinite(fraction.numerator)) // so great has it no fraction
+        return formatDecimal(number, rule);
 
     const bool isWhole = parts.hasWhole && fraction.numerator == 0;
     const bool isZero = fraction.numerator == 0 && (!parts.hasWhole || whole == 0);

@@ -81,6 +81,17 @@ TEST_F(CellFormulasImport, FollowersGetTheSharedFormulaAsTheyMeanIt)
     EXPECT_THAT(listMessages(), IsEmpty());
 }
 
+TEST(FormulaContext, TextsAndAddressesCost)
+{
+    FormulaContext context;
+    context.documents = {std::string(640, 'd')};
+    context.longestAddress = 640;
+    ASSERT_TRUE(context.parse('"' + std::string(6398, 'x') + '"'));
+    EXPECT_EQ(context.nodesLeft, FormulaContext::NodesMax - 1 - 100);
+    ASSERT_TRUE(context.parse("[1]S!A1"));
+    EXPECT_EQ(context.nodesLeft, FormulaContext::NodesMax - 1 - 100 - 1 - 10);
+}
+
 TEST_F(CellFormulasImport, SharedFormulasThatAreNotThereAreReported)
 {
     importCells({"<f t='shared' si='3'/>", "<f t='shared' si='4' ref='A2:A3'>1+</f>",

@@ -189,19 +189,19 @@ const char* const PartlyLost =
     "Chart chart.xml loses some values of series N: they are no cells of the workbook";
 
 const ReferenceRow ReferenceRows[] = {
-    {"Plain",         "Sheet1!A1",                   "Sheet1!A1",             nullptr                                                     },
-    {"Blanks",        "\n  Sheet1!A1 \t",            "Sheet1!A1",             nullptr                                                     },
-    {"List",          "(Sheet1!A1,Sheet1!B2)",       "(Sheet1!A1,Sheet1!B2)", nullptr                                                     },
-    {"UnknownTable",  "Sheet9!A1",                   nullptr,                 Lost                                                        },
-    {"LostCells",     "Sheet1!#REF!",                nullptr,                 Lost                                                        },
-    {"OtherDocument", "[1]Sheet1!A1",                nullptr,                 Lost                                                        },
-    {"Name",          "Sheet1!Rate",                 nullptr,                 Lost                                                        },
-    {"NoTable",       "A1",                          nullptr,                 Lost                                                        },
-    {"PartOfList",    "(Sheet1!A1,#REF!,Sheet1!B2)", "(Sheet1!A1,Sheet1!B2)", PartlyLost                                                  },
-    {"OneOfList",     "(Sheet9!A1,Sheet1!B2)",       "Sheet1!B2",             PartlyLost                                                  },
-    {"Function",      "SUM(Sheet1!A1)",              nullptr,                 Lost                                                        },
-    {"Unreadable",    "SUM(Sheet1!A1",               "",                      "Chart chart.xml has an unreadable reference SUM(Sheet1!A1" },
-    {"Empty",         "",                            "",                      nullptr                                                     },
+    {"Plain",         "Sheet1!A1",                   "Sheet1!A1",             nullptr                                                    },
+    {"Blanks",        "\n  Sheet1!A1 \t",            "Sheet1!A1",             nullptr                                                    },
+    {"List",          "(Sheet1!A1,Sheet1!B2)",       "(Sheet1!A1,Sheet1!B2)", nullptr                                                    },
+    {"UnknownTable",  "Sheet9!A1",                   nullptr,                 Lost                                                       },
+    {"LostCells",     "Sheet1!#REF!",                nullptr,                 Lost                                                       },
+    {"OtherDocument", "[1]Sheet1!A1",                nullptr,                 Lost                                                       },
+    {"Name",          "Sheet1!Rate",                 nullptr,                 Lost                                                       },
+    {"NoTable",       "A1",                          nullptr,                 Lost                                                       },
+    {"PartOfList",    "(Sheet1!A1,#REF!,Sheet1!B2)", "(Sheet1!A1,Sheet1!B2)", PartlyLost                                                 },
+    {"OneOfList",     "(Sheet9!A1,Sheet1!B2)",       "Sheet1!B2",             PartlyLost                                                 },
+    {"Function",      "SUM(Sheet1!A1)",              nullptr,                 Lost                                                       },
+    {"Unreadable",    "SUM(Sheet1!A1",               "",                      "Chart chart.xml has an unreadable reference SUM(Sheet1!A1"},
+    {"Empty",         "",                            "",                      nullptr                                                    },
 };
 
 class ChartReferences : public ChartReading, public testing::WithParamInterface<ReferenceRow>

@@ -254,6 +254,9 @@ const NumberRow DateRows[] = {
     {"aaa aaaa",            43890,         "Sat Saturday"            },
     {"[$-407]mmmm dddd",    43890,         "Februar Samstag"         },
     {"[$-40C]mmmm",         43890,         "f\xC3\xA9vrier"          },
+    {"[$-407]ddd, mmm",     43890,         "Sa, Feb"                 },
+    {"[$-405]mmmm yyyy",    43890,         "\xC3\xBAnor 2020"        },
+    {"[$-405]d. mmmm",      43890,         "29. \xC3\xBAnora"        },
     {"[$-3000407]mmmm",     43890,         "Februar"                 },
     {"[$-FFFE]mmmm",        43890,         "February"                },
     {"[$-F800]dddd",        43890,         "Saturday"                },
@@ -408,6 +411,17 @@ TEST(CellFormatter, ShowsAllNumbersByAllCodes)
         }
     }
     EXPECT_GT(shown, 50000);
+}
+
+TEST(CellFormatter, FractionsThatOverflowAreTheNumber)
+{
+    const std::string number = '1' + std::string(308, '0');
+    EXPECT_EQ(format("?/8", 1e308), number);
+    EXPECT_EQ(format("?\?/16", 1e308), number);
+    EXPECT_EQ(format("# ?/?%", 1e307).substr(0, 300), number.substr(0, 300));
+    const std::string zero = format("?/?" + std::string(155, '%'), 0);
+    EXPECT_EQ(std::count(zero.begin(), zero.end(), '%'), 155);
+    EXPECT_EQ(zero.find_first_not_of(" 0/1%"), std::string::npos);
 }
 
 } // namespace
