@@ -1,5 +1,6 @@
 #include <OfficeUtils/Public/CellFormatter.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
