@@ -7,6 +7,7 @@ namespace {
 
 // Documents of the suite's formats have some hundreds; a stranger's may have as many as it is long.
 constexpr std::size_t MaximumNames = 4096;
+constexpr std::size_t MaximumLength = 256; // of a name, and of a namespace
 
 std::size_t getSlotIndex(std::string_view name, std::size_t slotCount)
 {
@@ -30,13 +31,13 @@ XMLPlainNames::XMLPlainNames(const XMLVocabulary& vocabulary, FindNamespace find
 {
 }
 
-const XMLName* XMLPlainNames::find(XMLNameKind kind, std::string_view qualifiedName)
+XMLName* XMLPlainNames::find(XMLNameKind kind, std::string_view qualifiedName)
 {
     Slot& slot = _slots[static_cast<std::size_t>(kind)][getSlotIndex(qualifiedName, SlotCount)];
     if (slot.length == qualifiedName.size() &&
         std::memcmp(slot.text.data(), qualifiedName.data(), qualifiedName.size()) == 0)
         return slot.name;
-    const XMLName* const name = resolve(kind, qualifiedName);
+    XMLName* const name = resolve(kind, qualifiedName);
     if (name && qualifiedName.size() <= slot.text.size()) {
         qualifiedName.copy(slot.text.data(), slot.text.size());
         slot.length = static_cast<unsigned char>(qualifiedName.size());
@@ -52,8 +53,10 @@ void XMLPlainNames::forgetNamespaces()
             slot.length = 0;
 }
 
-const XMLName* XMLPlainNames::resolve(XMLNameKind kind, std::string_view qualifiedName)
+XMLName* XMLPlainNames::resolve(XMLNameKind kind, std::string_view qualifiedName)
 {
+    if (qualifiedName.size() > MaximumLength)
+        return nullptr;
     const std::size_t colon = qualifiedName.find(':');
     const bool hasPrefix = colon != std::string_view::npos;
     const std::u16string prefix = widen(hasPrefix ? qualifiedName.substr(0, colon) : std::string_view());
@@ -63,7 +66,7 @@ const XMLName* XMLPlainNames::resolve(XMLNameKind kind, std::string_view qualifi
     std::u16string uri;
     if (hasPrefix || kind == XMLNameKind::Element) {
         const auto found = _findNamespace(prefix);
-        if (hasPrefix && !found)
+        if ((hasPrefix && !found) || (found && found->size() > MaximumLength))
             return nullptr;
         uri = found ? std::u16string(*found) : std::u16string();
     }
@@ -75,7 +78,7 @@ const XMLName* XMLPlainNames::resolve(XMLNameKind kind, std::string_view qualifi
     if (_names.size() == MaximumNames)
         return nullptr;
     const int id = _vocabulary.findId(key.first, key.second);
-    XMLName name{id, key.first, key.second};
+    XMLName name{id, key.first, key.second, false};
     return &_names.emplace(std::move(key), std::move(name)).first->second;
 }
 

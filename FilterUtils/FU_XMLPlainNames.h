@@ -23,6 +23,7 @@ struct XMLName
     int id;
     std::u16string uri; // empty: no namespace
     std::u16string localName;
+    bool isSpent = false; // it counts among the different names of elements
 };
 
 enum class XMLNameKind
@@ -40,25 +41,23 @@ public:
 
     XMLPlainNames(const XMLVocabulary& vocabulary, FindNamespace findNamespace);
 
-    /// Null where the prefix is not declared or reserved, and where there are too many names already.
-    const XMLName* find(XMLNameKind kind, std::string_view qualifiedName);
+    /// Null where the prefix is not declared or reserved, where the name or its namespace is very long, and
+    /// where there are too many names already.
+    XMLName* find(XMLNameKind kind, std::string_view qualifiedName);
 
     /// Namespaces have been declared, or are no longer in force.
     void forgetNamespaces();
-
-    /// How many names there are.
-    std::size_t getCount() const { return _names.size(); }
 
 private:
     struct Slot
     {
         std::array<char, 23> text;
         unsigned char length; // 0: unused
-        const XMLName* name;
+        XMLName* name;
     };
     static constexpr std::size_t SlotCount = 256;
 
-    const XMLName* resolve(XMLNameKind kind, std::string_view qualifiedName);
+    XMLName* resolve(XMLNameKind kind, std::string_view qualifiedName);
 
     const XMLVocabulary& _vocabulary;
     FindNamespace _findNamespace;

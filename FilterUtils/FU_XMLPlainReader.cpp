@@ -106,6 +106,8 @@ bool XMLPlainReader::fill(std::istream& stream)
         _end -= _begin;
         _handedEnd = 0;
         _begin = 0;
+        if (_window.size() > WindowBytes && _end < WindowBytes)
+            _window.resize(WindowBytes);
     }
     if (_end == _window.size())
         return false;
@@ -115,6 +117,15 @@ bool XMLPlainReader::fill(std::istream& stream)
     return count > 0;
 }
 
+// For what has to be looked at whole. It shrinks again once that is read.
+bool XMLPlainReader::growWindow()
+{
+    if (_hasEnded || _window.size() > _options.markupBytes)
+        return false;
+    _window.resize(_window.size() * 2);
+    return true;
+}
+
 void XMLPlainReader::handOn(const char* end)
 {
     _expectedProgress = _parser.getProgress() + 1;
@@ -122,7 +133,7 @@ void XMLPlainReader::handOn(const char* end)
     _placed = _begin;
     _handedEnd = static_cast<std::size_t>(end - _window.data());
     const auto [line, column] = _parser.getParserPlace();
-    _parserPlace = {line, column};
+    _parserPlace = {std::max<std::uint64_t>(line, 1), std::max<std::uint64_t>(column, 1)};
 }
 
 void XMLPlainReader::turnOff()
@@ -250,8 +261,11 @@ XMLPlainReader::Progress XMLPlainReader::readText(std::istream& stream)
     if (!end) {
         if (fill(stream))
             return Progress::Taken;
-        end = _hasEnded || _parser.hasInputBreach() ? at() : findCut(at(), windowEnd());
-        if (end == at())
+        if (!_hasEnded && !_parser.hasInputBreach())
+            end = findCut(at(), windowEnd());
+        if (end == at() && growWindow())
+            return Progress::Taken; // a reference longer than the window
+        if (!end || end == at())
             return fail();
     }
     return takeText(at(), end);
@@ -357,10 +371,7 @@ XMLPlainReader::Progress XMLPlainReader::handOnMarkup(std::istream& stream)
     }
     const bool isEnd = makeView(at(), windowEnd()).substr(0, 2) == "</";
     if (isEnd && _open.back().isTaken) {
-        if (end || _hasEnded || _window.size() > _options.markupBytes)
-            return fail();
-        _window.resize(_window.size() * 2);
-        return Progress::Taken;
+        return !end && growWindow() ? Progress::Taken : fail();
     }
     _isInMarkup = !end;
     if (end)

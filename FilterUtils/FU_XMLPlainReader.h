@@ -67,6 +67,7 @@ private:
     };
 
     bool fill(std::istream& stream);
+    bool growWindow();
     void prepare(std::istream& stream);
     void prepareProlog(std::istream& stream);
     void prepareRest(std::istream& stream);

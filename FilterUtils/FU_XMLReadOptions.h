@@ -48,7 +48,7 @@ struct XMLReadOptions
 
     // XMLStreamReader alone:
     std::size_t distinctNames = 10'000;             // different element names and namespaces
-    std::size_t distinctNameCharacters = 1'000'000; // of those, in all
+    std::size_t distinctNameCharacters = 1'000'000; // of those, in all; a name counts with its namespace
     std::size_t textCharacters = 16 << 20;          // gathered at once, in UTF-16 units
     std::size_t subtreeNodes = 1'000'000;           // elements, attributes and pieces of text of one sub-tree
 };

@@ -98,6 +98,10 @@ XMLReadResult XMLStreamParser::readStream(std::istream& stream)
         std::rethrow_exception(_handlerFailure);
     if (result.line != 0 && !isBreachPlaced())
         _plainReader.correctPlace(result);
+    if (_ignoresEvents && result.outcome == XMLOutcome::WellFormed) {
+        result.outcome = XMLOutcome::Malformed; // what was left to Xerces to complain of
+        result.message = "the document is not well-formed";
+    }
     return result;
 }
 
@@ -176,19 +180,33 @@ const XMLName& XMLStreamParser::addName(const NameKey& key)
 {
     const std::u16string_view localName = view(key.first->getBaseName());
     const std::u16string_view uri = view(getScanner()->getURIText(key.second));
-    const auto [spent, isNew] =
-        _spentNames.try_emplace({std::u16string(uri), std::u16string(localName)}, false);
+    SpentName name(uri, localName);
+    const std::size_t cost = getCost(name);
+    const auto [spent, isNew] = _spentNames.try_emplace(std::move(name), false);
     if (isNew || !spent->second)
-        spendNames(1, localName.size());
+        spendNames(1, cost);
     spent->second = false;
-    const XMLName name{_vocabulary.findId(uri, localName), std::u16string(uri), std::u16string(localName)};
-    return _names.emplace(key, name).first->second;
+    const int id = _vocabulary.findId(uri, localName);
+    return _names.emplace(key, XMLName{id, std::u16string(uri), std::u16string(localName), true})
+        .first->second;
 }
 
-void XMLStreamParser::spendPlainName(const XMLName& name)
+// In characters. The text of a namespace is kept with each of its names; once it counts by itself.
+std::size_t XMLStreamParser::getCost(const SpentName& name) const
 {
-    if (_spentNames.try_emplace({name.uri, name.localName}, true).second)
-        spendNames(1, name.localName.size());
+    const auto first = _spentNames.lower_bound(SpentName(name.first, std::u16string()));
+    const bool isKnown = first != _spentNames.end() && first->first.first == name.first;
+    return name.second.size() + (isKnown ? name.first.size() : 0);
+}
+
+void XMLStreamParser::spendPlainName(XMLName& name)
+{
+    if (std::exchange(name.isSpent, true))
+        return;
+    SpentName key(name.uri, name.localName);
+    const std::size_t cost = getCost(key);
+    if (_spentNames.try_emplace(std::move(key), true).second)
+        spendNames(1, cost);
 }
 
 void XMLStreamParser::spendNames(std::size_t count, std::size_t characters)

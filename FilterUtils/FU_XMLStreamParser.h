@@ -125,6 +125,7 @@ private:
 
     // Names are told apart by how Xerces keeps them, and looked up in the vocabulary once each.
     using NameKey = std::pair<const xercesc::XMLElementDecl*, unsigned int>;
+    using SpentName = std::pair<std::u16string, std::u16string>; // URI and local name
     struct CachedName
     {
         NameKey key;
@@ -136,7 +137,8 @@ private:
 
     const XMLName& resolveName(const xercesc::XMLElementDecl& declaration, unsigned int uriId);
     const XMLName& addName(const NameKey& key);
-    void spendPlainName(const XMLName& name);
+    void spendPlainName(XMLName& name);
+    std::size_t getCost(const SpentName& name) const;
     void spendNames(std::size_t count, std::size_t characters);
     bool resolvePlainTag(const XMLPlainTag& tag);
     XMLStep offerElement(const XMLName& name, std::size_t attributeCount);
@@ -172,7 +174,7 @@ private:
     bool _ignoresEvents = false;
     bool _isVersion10 = true;
 
-    std::map<std::pair<std::u16string, std::u16string>, bool> _spentNames; // true: not by Xerces so far
+    std::map<SpentName, bool> _spentNames; // true: not by Xerces so far
     std::map<NameKey, XMLName> _names;
     std::array<CachedName, 256> _recentNames{};
     std::size_t _nameCount = 0; // of elements and namespaces

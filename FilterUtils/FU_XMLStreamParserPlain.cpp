@@ -34,14 +34,12 @@ bool XMLStreamParser::resolvePlainTag(const XMLPlainTag& tag)
 
 XMLTaking XMLStreamParser::takeStart(const XMLPlainTag& tag, std::size_t size)
 {
-    const std::size_t knownNames = _plainNames.getCount();
-    const XMLName* const name = _plainNames.find(XMLNameKind::Element, tag.name);
+    XMLName* const name = _plainNames.find(XMLNameKind::Element, tag.name);
     if (!name || !resolvePlainTag(tag))
         return XMLTaking::Refused;
-    if (_plainNames.getCount() != knownNames)
-        spendPlainName(*name);
     enterElement();
     if (_skipDepth == 0) {
+        spendPlainName(*name);
         _plainTag = &tag;
         const XMLStep step = offerElement(*name, tag.attributes.size());
         _plainTag = nullptr;

@@ -33,13 +33,13 @@ std::string describe(const XMLReading& reading)
 }
 
 // Empty where both ways agree.
-std::string compareWays(const std::string& xml)
+std::string compareWays(const std::string& xml, const XMLReadOptions& options = XMLReadOptions())
 {
     const auto utf16 = Tests::convertToUtf16(xml);
     if (!utf16)
         return "not UTF-8";
-    const XMLReading plain = Tests::readWithLog(xml);
-    const XMLReading other = Tests::readWithLog(*utf16);
+    const XMLReading plain = Tests::readWithLog(xml, options);
+    const XMLReading other = Tests::readWithLog(*utf16, options);
     return plain == other ? "" : describe(plain) + "\n instead of\n" + describe(other);
 }
 
@@ -288,10 +288,41 @@ TEST(XMLPlainReader, LongPiecesGoTheSameEitherWay)
                  "<a>" + std::string(length, '\n') + "</a><b></c>", "<a>" + std::string(length, ']') + "</a>",
                  "<a>" + std::string(length, ']') + "></a>", "<a>" + std::string(length, '>') + "</a>",
                  "<t>" + filler + "<b>" + filler + "</b></t><a>1</a>", "<" + filler + ">1</" + filler + ">",
-                 "<a>1</" + filler + ">", "<a>" + filler})
+                 "<a>1</" + filler + ">", "<a>" + filler,
+                 "<b><a>&#" + std::string(length, '0') + "65;</a></b>", "<a>&#" + std::string(length, '0')})
             EXPECT_EQ(compareWays("<root xmlns='urn:x'>" + xml + "</root>"), "")
                 << length << " " << xml.substr(0, 12);
     }
+}
+
+// The same names count, wherever they stand.
+TEST(XMLPlainReader, DifferentNamesCountTheSameEitherWay)
+{
+    XMLReadOptions options;
+    options.distinctNames = 10;
+    std::string attributes, elements;
+    for (const char c : {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9'}) {
+        attributes += std::string(" e") + c + "=''";
+        elements += std::string("<e") + c + "/>";
+    }
+    EXPECT_EQ(compareWays("<rootroot><n" + attributes + "/>" + elements + "</rootroot>", options), "");
+    EXPECT_EQ(compareWays("<rootroot>" + elements + "</rootroot>", options), "");
+    EXPECT_EQ(compareWays("<rootroot><s>" + elements + "</s></rootroot>", options), "");
+    EXPECT_EQ(compareWays("<rootroot><s>" + elements + "</s>" + elements + "</rootroot>", options), "");
+}
+
+// Neither the text of a namespace nor names are kept over and over.
+TEST(XMLPlainReader, LongNamespacesAndNamesAreBounded)
+{
+    std::string names;
+    for (int i = 0; i < 2000; ++i)
+        names += "<p:a" + std::to_string(i) + "/>";
+    const std::string xml =
+        "<rootroot><n xmlns:p='" + std::string(900'000, 'u') + "'>" + names + "</n></rootroot>";
+    EXPECT_EQ(Tests::readWithLog(xml).result.outcome, XMLOutcome::NameLimit);
+    EXPECT_EQ(compareWays("<rootroot><n " + std::string(300, 'k') + "='1'><" + std::string(300, 'a') +
+                          ">1</" + std::string(300, 'a') + "></n></rootroot>"),
+        "");
 }
 
 } // namespace

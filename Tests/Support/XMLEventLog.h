@@ -13,6 +13,7 @@
 #include <boost/optional.hpp>
 
 #include <FilterUtils/FU_XMLElement.h>
+#include <FilterUtils/FU_XMLReadOptions.h>
 #include <FilterUtils/FU_XMLStreamReader.h>
 
 namespace QV::Tests {
@@ -89,7 +90,8 @@ struct XMLReading
     }
 };
 
-inline XMLReading readWithLog(const std::string& xml)
+inline XMLReading readWithLog(
+    const std::string& xml, const FilterUtils::XMLReadOptions& options = FilterUtils::XMLReadOptions())
 {
     static const FilterUtils::XMLVocabulary words(
         {
@@ -98,7 +100,7 @@ inline XMLReading readWithLog(const std::string& xml)
         {{0, "a"}, {1, "x:a"}, {2, "k"}, {3, "x:k"}});
     XMLEventLog handler;
     std::istringstream stream(xml);
-    FilterUtils::XMLReadResult result = FilterUtils::XMLStreamReader(words).read(stream, handler);
+    FilterUtils::XMLReadResult result = FilterUtils::XMLStreamReader(words, options).read(stream, handler);
     return {std::move(handler.log), std::move(result)};
 }
 
