@@ -55,12 +55,18 @@ void writeValue(const DOM::Cell& cell, JsonWriter& json)
     }
 }
 
-/// The format's code, and what the cell shows of a number where that is not the number itself.
+/// The format's code, and what the cell shows of a number or a text where that is not the value itself.
 void writeNumberFormat(
     const DOM::Cell& cell, const DOM::CellFormat* format, CellDisplays& displays, JsonWriter& json)
 {
     if (format && format->getCode() != "General")
         json.writeMember("format", format->getCode());
+    if (cell.getKind() == DOM::Cell::Kind::Text && format) {
+        const std::string text = cell.getText()->getPlainText();
+        const auto displayed = displays.displayText(text, format);
+        if (displayed && displayed->text != text)
+            json.writeMember("display", displayed->text);
+    }
     if (cell.getKind() != DOM::Cell::Kind::Number)
         return;
     const double number = cell.getNumber();

@@ -188,6 +188,18 @@ bool isNumberWhole(const Tokens& tokens, bool isFraction)
     return part != Part::Exponent || hasDigits;
 }
 
+/// Points that follow the last digit of a number that has one already are text, as in "#.##.".
+void takeLastPointsAsText(Tokens& tokens)
+{
+    const auto isPoint = [](const Token& token) { return token.kind == Kind::DecimalPoint; };
+    const auto isDigit = [](const Token& token) { return token.kind == Kind::Digit; };
+    const auto first = std::find_if(tokens.begin(), tokens.end(), isPoint);
+    const auto last = std::find_if(tokens.rbegin(), tokens.rend(), isDigit).base();
+    for (auto token = last; token != tokens.end(); ++token)
+        if (token > first && isPoint(*token))
+            token->kind = Kind::Literal;
+}
+
 bool resolveNumber(Tokens& tokens, Rule& rule)
 {
     if (!has(tokens, Kind::Digit)) { // a number that shows no digits
@@ -197,6 +209,7 @@ bool resolveNumber(Tokens& tokens, Rule& rule)
             if (token.kind == Kind::DecimalPoint)
                 token.kind = Kind::Literal;
     }
+    takeLastPointsAsText(tokens);
     bool isFraction = false;
     if (!resolveFraction(tokens, isFraction) || !isNumberWhole(tokens, isFraction))
         return false;
