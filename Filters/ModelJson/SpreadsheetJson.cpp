@@ -10,6 +10,7 @@
 
 #include <DOM/Public/Adapter/ResolvedCellStyle.h>
 #include <DOM/Public/Adapter/TableCellIterator.h>
+#include <DOM/Public/Cell.h>
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Styles.h>
 #include <DOM/Public/Table.h>

@@ -5,7 +5,6 @@
 
 #include <boost/optional.hpp>
 
-#include <DOM/Public/Cell.h>
 #include <DOM/Public/CellFormat.h>
 #include <DOM/Public/CellStyle.h>
 #include <Filters/Package/Export.h>

@@ -6,12 +6,14 @@
 #include <unordered_map>
 #include <vector>
 
-#include <DOM/Public/CellStyle.h>
 #include <boost/optional.hpp>
 
 #include <DOM/Public/Cell.h>
 #include <DOM/Public/CellRow.h>
+#include <DOM/Public/CellStyle.h>
 #include <DOM/Public/CellText.h>
+#include <DOM/Public/DateSystem.h>
+#include <DOM/Public/Formula.h>
 #include <DOM/Public/Table.h>
 #include <DOM/Public/TableBuilder.h>
 #include <FilterUtils/FU_NonIntersectedRanges.h>

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <DOM/Public/DateSystem.h>
 #include <FilterUtils/FU_XMLElement.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Package/Namespaces.h>
