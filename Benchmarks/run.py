@@ -5,8 +5,9 @@ Usage: run.py BUILD_DIR [--filter REGEX] [--repetitions 3] [--skip-import]
 
 Programs are BUILD_DIR/bin/*Benchmark. A pair of benchmarks named "<thing>/ours[/size]" and "<thing>/reference[/size]"
 (or "/reference-<which>") makes one line: name, ours, reference, ratio (ours / reference, in CPU time), bar, "ok" or
-"MISSED". The bar comes from bars.tsv beside this script; where it names none, ours must not be slower.
-Counters of ours whose name speaks of memory follow. The exit status is 1 where a bar was missed.
+"MISSED". The bar comes from bars.tsv beside this script; where it names none, ours must not be slower. What an item takes
+and the counters of ours whose name speaks of memory follow. A benchmark without a reference has a line without a ratio.
+The exit status is 1 where a bar was missed.
 """
 import argparse
 import json
@@ -70,6 +71,12 @@ def pairs(entries):
         yield REFERENCE.sub(match[1] or "", name, count=1), entries[ours], entry
 
 
+def alone(entries):
+    """(name, figures) of each benchmark that is held against nothing."""
+    paired = {REFERENCE.sub("/ours", name, count=1) for name in entries if REFERENCE.search(name)}
+    return [(name, entry) for name, entry in entries.items() if not REFERENCE.search(name) and name not in paired]
+
+
 def nanoseconds(entry):
     return entry["cpu_time"] * NANOSECONDS[entry["time_unit"]]
 
@@ -81,8 +88,8 @@ def time_text(value):
     return f"{value:.3g} ns"
 
 
-def memory_text(ours, reference):
-    notes = []
+def notes_text(ours, reference):
+    notes = [f"{time_text(1e9 / ours['items_per_second'])} an item"] if "items_per_second" in ours else []
     for key, value in ours.items():
         if MEMORY.search(key) and isinstance(value, (int, float)):
             other = reference.get(key)
@@ -94,8 +101,12 @@ def print_line(name, ours, reference, bars):
     """Prints one pair; returns whether its bar was missed."""
     ratio, bar = nanoseconds(ours) / nanoseconds(reference), find_bar(bars, name)
     print(f"{name:60} {time_text(nanoseconds(ours)):>10} {time_text(nanoseconds(reference)):>10} {ratio:8.3f} {bar:8} "
-          f"{'ok' if ratio <= bar else 'MISSED':6}  {memory_text(ours, reference)}".rstrip(), flush=True)
+          f"{'ok' if ratio <= bar else 'MISSED':6}  {notes_text(ours, reference)}".rstrip(), flush=True)
     return ratio > bar
+
+
+def print_alone(name, entry):
+    print(f"{name:60} {time_text(nanoseconds(entry)):>10} {'':36} {notes_text(entry, {})}".rstrip(), flush=True)
 
 
 def main():
@@ -109,9 +120,12 @@ def main():
     bars, missed, lines = read_bars(HERE / "bars.tsv"), 0, 0
     print(f"{'name':60} {'ours':>10} {'reference':>10} {'ratio':>8} {'bar':>8}")
     for program in sorted(programs.glob("*Benchmark")):
-        for name, ours, reference in pairs(run_program(program, options)):
-            missed += print_line(f"{program.name.removesuffix('Benchmark')}: {name}", ours, reference, bars)
+        family, entries = program.name.removesuffix("Benchmark"), run_program(program, options)
+        for name, ours, reference in pairs(entries):
+            missed += print_line(f"{family}: {name}", ours, reference, bars)
             lines += 1
+        for name, entry in alone(entries):
+            print_alone(f"{family}: {name}", entry)
     print(f"{lines} pairs, {missed} bars missed\n", flush=True)
     tool = programs / "qvfilter"
     if not options.skip_import and tool.exists():

@@ -14,12 +14,13 @@ namespace {
 
 using namespace DOM::CellFormatModel;
 
-/// What a format means to a reader of US English.
+/// What a format shows to a reader of US English, whose own dates and times are those of that language.
 Expression makeExpression(const DOM::CellFormat& format)
 {
     if (format.getLocalizedDateTime())
         return OfficeUtils::Parser::parse(
-            FilterUtils::convertLocalizedDateTimeToFormatCodeMsExcel(*format.getLocalizedDateTime()),
+            FilterUtils::convertLocalizedDateTimeToFormatCode(
+                *format.getLocalizedDateTime(), OfficeUtils::Parser::ParserType::Spreadsheet),
             OfficeUtils::Parser::ParserType::Spreadsheet)
             .value_or(Expression());
     return format.getExpression().value_or(Expression());

@@ -65,6 +65,73 @@ const KnownFormat KnownFormats[] = {
     {49, "@"                                                            },
 };
 
+/// Formats that are another one by all but their number: of East Asian applications (27 to 36, 50 to 58),
+/// whose dates and times others show in their own way, and of Thai ones (59 to 81), whose digits others do
+/// not have.
+struct LikeFormat
+{
+    unsigned long id;
+    unsigned long likeId;
+};
+
+const LikeFormat LikeFormats[] = {
+    {27, 14},
+    {28, 14},
+    {29, 14},
+    {30, 14},
+    {31, 14},
+    {32, 21},
+    {33, 21},
+    {34, 21},
+    {35, 21},
+    {36, 14},
+    {50, 14},
+    {51, 14},
+    {52, 14},
+    {53, 14},
+    {54, 14},
+    {55, 14},
+    {56, 14},
+    {57, 14},
+    {58, 14},
+    {59, 1 },
+    {60, 2 },
+    {61, 3 },
+    {62, 4 },
+    {63, 5 },
+    {64, 6 },
+    {65, 7 },
+    {66, 8 },
+    {67, 9 },
+    {68, 10},
+    {69, 12},
+    {70, 13},
+    {71, 14},
+    {72, 14},
+    {73, 15},
+    {74, 16},
+    {75, 17},
+    {76, 20},
+    {77, 21},
+    {78, 22},
+    {79, 45},
+    {80, 46},
+    {81, 47},
+};
+
+/// What dates of the reader's own form look like in US English, whose code is another.
+const char* getShownCode(const KnownFormat& format)
+{
+    switch (format.id) {
+    case 14:
+        return "m/d/yyyy";
+    case 22:
+        return "m/d/yyyy h:mm";
+    default:
+        return format.code;
+    }
+}
+
 bool isGeneral(const DOM::CellFormatModel::Expression& expression)
 {
     const auto& rule = expression.getDefaultNumberRule();
@@ -102,7 +169,10 @@ boost::optional<unsigned long> readId(const XMLElement& element)
 NumberFormats::NumberFormats(const XMLElement& styleSheet, const Names& names, OperationReport& report)
 {
     for (const KnownFormat& known : KnownFormats)
-        _formats.emplace(known.id, makeFormat(known.code, report));
+        _formats.emplace(known.id, std::make_shared<DOM::CellFormat>(known.code,
+                                       Parser::parse(getShownCode(known), Parser::ParserType::Spreadsheet)));
+    for (const LikeFormat& like : LikeFormats)
+        _formats.emplace(like.id, _formats.at(like.likeId));
     const auto named = [&](const char* name) { return names(Vocabulary::Spreadsheet, name); };
     styleSheet.getElement(named("numFmts")).processElements(named("numFmt"), [&](const XMLElement& element) {
         const auto id = readId(element);

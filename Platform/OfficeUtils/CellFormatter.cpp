@@ -149,9 +149,8 @@ DisplayedValue CellFormatter::formatNumber(double number) const
     const Rule& rule = section->rule;
     const double signedNumber = section->hidesSign ? std::fabs(number) : number;
     if (rule.getKind() == Rule::Kind::DateTime) {
-        if (!isDateTime(signedNumber, _sections->system))
-            return {NoSuchDate, getColor(rule)};
-        return {formatDateTime(signedNumber, rule, _sections->system, *section->names), getColor(rule)};
+        auto text = formatDateTime(signedNumber, rule, _sections->system, *section->names);
+        return {text ? std::move(*text) : NoSuchDate, getColor(rule)};
     }
     const Magnitude magnitude = formatMagnitude(number, rule);
     const bool hasSign = signedNumber < 0 && !magnitude.isZero;

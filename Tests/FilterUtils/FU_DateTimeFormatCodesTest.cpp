@@ -78,7 +78,7 @@ TEST(ConvertToValidParsedFormatCode, ThrowsOverInvalidCodes)
 TEST(ConvertLocalizedDateTimeToFormatCode, MarksCodesOfTheModelAlone)
 {
     EXPECT_EQ(exportAs(Type::Model, Time), "[$-F400]h:mm:ss\" \"AM/PM");
-    EXPECT_EQ(exportAs(Type::Model, LongDate), "[$-F800]dddd\", \"mmmm\" \"dd\", \"yyyy");
+    EXPECT_EQ(exportAs(Type::Model, LongDate), "[$-F800]dddd\", \"mmmm\" \"d\", \"yyyy");
     EXPECT_EQ(exportAs(Type::Model,
                   {
                       {Part::Year, 0},
@@ -87,7 +87,7 @@ TEST(ConvertLocalizedDateTimeToFormatCode, MarksCodesOfTheModelAlone)
                   .substr(0, 8),
         "[$-F800]");
     EXPECT_EQ(exportAs(Type::Spreadsheet, Time), "h:mm:ss\\ AM/PM");
-    EXPECT_EQ(exportAs(Type::Spreadsheet, LongDate), "dddd\\,\\ mmmm\\ dd\\,\\ yyyy");
+    EXPECT_EQ(exportAs(Type::Spreadsheet, LongDate), "dddd\\,\\ mmmm\\ d\\,\\ yyyy");
 }
 
 TEST(ConvertLocalizedDateTimeToFormatCode, NoItemsMakeNoSpreadsheetCode)
@@ -122,7 +122,7 @@ TEST(ConvertLocalizedDateTimeToFormatCodeMsExcel, OtherItemsMakeACodeWithoutMark
                   {Part::Day,     0},
                   {Part::Year,    0}
     }),
-        "ddd\\,\\ mmmm\\ dd\\,\\ yyyy");
+        "ddd\\,\\ mmmm\\ d\\,\\ yyyy");
 }
 
 TEST(ConvertCellFormatExpressionToLocalizedDateTime, ReadsTheSystemCodes)

@@ -1,10 +1,14 @@
-// Reading and printing formulas of different lengths: the time of each character is the same for all.
+// Reading and printing one formula, against ten of a tenth of its length: from 10 to 10,000 characters the
+// time grows with the length.
 
 #include <Formulas/Public/FormulaText.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
@@ -13,14 +17,13 @@
 namespace QV::Formulas {
 namespace {
 
-/// About @p size characters of what formulas have.
+/// @p size characters of what formulas have, and one.
 std::string makeFormula(std::size_t size)
 {
-    const char* const terms[] = {
-        "SUM($A1:B$20)", "'My sheet'!C3*2", "IF(A1>=0.5,\"yes\",-D4%)", "(E5+F6)/Rate"};
-    std::string text = "A1";
-    for (std::size_t i = 0; text.size() < size; ++i)
-        text += (i % 2 == 0 ? '+' : '&') + std::string(terms[i % std::size(terms)]);
+    const std::string terms[] = {"+A$1*Sh!B2", "&IF(A1,2,)", "-(B12+Tax)", "*MAX(D:D%)"};
+    std::string text = "1";
+    for (std::size_t i = 0; text.size() <= size - terms[0].size() + 1; ++i)
+        text += terms[i % std::size(terms)];
     return text;
 }
 
@@ -34,39 +37,62 @@ std::string makeNested(std::size_t size)
     return text + "2" + std::string(depth, ')');
 }
 
-void setCosts(benchmark::State& state, std::size_t size)
-{
-    state.counters["ns/character"] = benchmark::Counter(static_cast<double>(size),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
+constexpr std::size_t Tenths = 10;
 
+/// One formula of the size asked for, or ten of a tenth of it: the same work where the time grows with the
+/// length.
 template <std::string (*MakeText)(std::size_t)>
-void parseText(benchmark::State& state)
+std::vector<std::string> makeFormulas(benchmark::State& state, bool areTenths)
 {
-    const std::string text = MakeText(static_cast<std::size_t>(state.range(0)));
-    for (auto _ : state) {
-        auto parsed = parseFormula(text);
-        if (!parsed)
-            state.SkipWithError("the formula is not read");
-        benchmark::DoNotOptimize(parsed);
-    }
-    setCosts(state, text.size());
+    const auto size = static_cast<std::size_t>(state.range(0));
+    return areTenths ? std::vector<std::string>(Tenths, MakeText(size / Tenths))
+                     : std::vector<std::string>(1, MakeText(size));
 }
-BENCHMARK(parseText<makeFormula>)->Name("parseFormula")->RangeMultiplier(10)->Range(10, 10000);
-BENCHMARK(parseText<makeNested>)->Name("parseNestedFormula")->RangeMultiplier(10)->Range(10, 10000);
 
-void printText(benchmark::State& state)
+template <std::string (*MakeText)(std::size_t), bool AreTenths>
+void parseTexts(benchmark::State& state)
 {
-    const std::string text = makeFormula(static_cast<std::size_t>(state.range(0)));
-    const auto parsed = parseFormula(text);
-    const TableContext context;
-    if (!parsed || toText(parsed->formula, context) != text)
-        state.SkipWithError("the formula does not come back");
+    const auto texts = makeFormulas<MakeText>(state, AreTenths);
     for (auto _ : state)
-        benchmark::DoNotOptimize(toText(parsed->formula, context));
-    setCosts(state, text.size());
+        for (const std::string& text : texts) {
+            auto parsed = parseFormula(text);
+            if (!parsed)
+                state.SkipWithError("the formula is not read");
+            benchmark::DoNotOptimize(parsed);
+        }
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(texts.size()));
 }
-BENCHMARK(printText)->Name("printFormula")->RangeMultiplier(10)->Range(10, 10000);
+
+template <bool AreTenths>
+void printTexts(benchmark::State& state)
+{
+    const TableContext context;
+    std::vector<DOM::Formula> formulas;
+    for (const std::string& text : makeFormulas<makeFormula>(state, AreTenths)) {
+        auto parsed = parseFormula(text);
+        if (!parsed || toText(parsed->formula, context) != text) {
+            state.SkipWithError("a formula does not come back");
+            return;
+        }
+        formulas.push_back(std::move(parsed->formula));
+    }
+    for (auto _ : state)
+        for (const DOM::Formula& formula : formulas)
+            benchmark::DoNotOptimize(toText(formula, context));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(formulas.size()));
+}
+
+void setSizes(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(100)->Arg(1000)->Arg(10000);
+}
+
+BENCHMARK(parseTexts<makeFormula, false>)->Name("parseFormula/ours")->Apply(setSizes);
+BENCHMARK(parseTexts<makeFormula, true>)->Name("parseFormula/reference-tenths")->Apply(setSizes);
+BENCHMARK(parseTexts<makeNested, false>)->Name("parseNestedFormula/ours")->Apply(setSizes);
+BENCHMARK(parseTexts<makeNested, true>)->Name("parseNestedFormula/reference-tenths")->Apply(setSizes);
+BENCHMARK(printTexts<false>)->Name("printFormula/ours")->Apply(setSizes);
+BENCHMARK(printTexts<true>)->Name("printFormula/reference-tenths")->Apply(setSizes);
 
 } // namespace
 } // namespace QV::Formulas

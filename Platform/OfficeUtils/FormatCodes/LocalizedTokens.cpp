@@ -16,8 +16,9 @@ namespace {
 
 using namespace DOM::CellFormatModel;
 
-/// What ICU's patterns call an item.
-const char* getSkeleton(const DateTimePatternItem& item)
+/// What ICU's patterns call an item. A day has two digits beside numbers, and as many as it needs beside a
+/// name.
+const char* getSkeleton(const DateTimePatternItem& item, bool hasMonthName)
 {
     using Part = DateTimePatternToken;
     static const char* const Weekdays[] = {"EEEE", "EEE"};
@@ -33,7 +34,7 @@ const char* getSkeleton(const DateTimePatternItem& item)
     case Part::Month:
         return choose(Months);
     case Part::Day:
-        return "dd";
+        return hasMonthName ? "d" : "dd";
     case Part::Year:
         return choose(Years);
     case Part::Hour:
@@ -60,9 +61,11 @@ icu::DateTimePatternGenerator* getGenerator(const std::string& locale, UErrorCod
 
 icu::UnicodeString findPattern(const DateTimePatternItemSet& items, const LocaleContext& context)
 {
+    const auto month = items.find({DateTimePatternToken::Month, 0});
+    const bool hasMonthName = month != items.end() && month->variant != 0;
     icu::UnicodeString skeleton;
     for (const DateTimePatternItem& item : items)
-        skeleton += icu::UnicodeString(getSkeleton(item), -1, US_INV);
+        skeleton += icu::UnicodeString(getSkeleton(item, hasMonthName), -1, US_INV);
     UErrorCode status = U_ZERO_ERROR;
     icu::DateTimePatternGenerator* const generator = getGenerator(context.getName(), status);
     icu::UnicodeString pattern;

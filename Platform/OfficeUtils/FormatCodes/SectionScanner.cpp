@@ -1,7 +1,11 @@
 #include <OfficeUtils/FormatCodes/SectionScanner.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <iterator>
 #include <utility>
+
+#include <unicode/uloc.h>
 
 #include <OfficeUtils/FormatCodes/ColorNames.h>
 #include <OfficeUtils/Public/NumberParsing.h>
@@ -109,6 +113,19 @@ std::size_t getCharacterSize(boost::string_ref text)
     return isWhole ? size : 0;
 }
 
+/// The identifier of a language with a name, as "de-DE".
+boost::optional<unsigned long> findLanguage(const std::string& name)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    char locale[ULOC_FULLNAME_CAPACITY];
+    std::int32_t length = 0;
+    uloc_forLanguageTag(name.c_str(), locale, static_cast<std::int32_t>(std::size(locale)), &length, &status);
+    if (U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING || length <= 0)
+        return boost::none;
+    const std::uint32_t language = uloc_getLCID(locale);
+    return language == 0 ? boost::none : boost::optional<unsigned long>(language);
+}
+
 /// The locale identifier of a mark's end, and whether it is written as a number.
 std::pair<boost::optional<unsigned long>, bool> readLanguage(boost::string_ref text)
 {
@@ -116,8 +133,10 @@ std::pair<boost::optional<unsigned long>, bool> readLanguage(boost::string_ref t
         return {0xF800UL, false};
     if (equalsIgnoringCase(text, "x-systime"))
         return {0xF400UL, false};
-    if (text.empty() || text.size() > LanguageDigitsMax || !std::all_of(text.begin(), text.end(), isHexDigit))
+    if (text.empty())
         return {boost::none, false};
+    if (text.size() > LanguageDigitsMax || !std::all_of(text.begin(), text.end(), isHexDigit))
+        return {findLanguage(std::string(text.begin(), text.end())), false};
     return {strToUlong(std::string(text.begin(), text.end()), nullptr, 16), true};
 }
 
@@ -355,7 +374,8 @@ bool SectionScanner::readLetters(char letter)
     for (const LetterRun& run : LetterRuns) {
         if (run.letter != letter)
             continue;
-        const std::size_t length = run.lengths[std::min<std::size_t>(count, 5) - 1];
+        const bool isLongMonth = letter == 'm' && count > 5; // the initial has five letters alone
+        const std::size_t length = isLongMonth ? 4 : run.lengths[std::min<std::size_t>(count, 5) - 1];
         add(letter == 'd' && length > 2 ? Kind::Weekday : run.kind, std::string(length, letter));
         _position += count;
         return true;

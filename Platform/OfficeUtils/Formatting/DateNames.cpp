@@ -34,6 +34,11 @@ void takeNames(
     }
 }
 
+bool isASCII(const std::string& text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 // The name of a month has another form beside a day in many languages.
 std::shared_ptr<const DateNames> makeNames(const icu::Locale& locale, bool isBesideDay)
 {
@@ -53,18 +58,18 @@ std::shared_ptr<const DateNames> makeNames(const icu::Locale& locale, bool isBes
     takeNames(names->weekdays, found, count, 1); // the first entry is no day
     found = symbols.getWeekdays(count, Symbols::STANDALONE, Symbols::ABBREVIATED);
     takeNames(names->shortWeekdays, found, count, 1);
+    found = symbols.getAmPmStrings(count);
+    takeNames(names->dayParts, found, count, 0);
+    for (std::string& name : names->dayParts)
+        if (isASCII(name))
+            name.clear();
     return names;
 }
 
 std::shared_ptr<const DateNames> getEnglishNames()
 {
-    static const auto names = std::make_shared<const DateNames>(DateNames{
-        {"January",    "February", "March", "April",         "May",                             "June",                                                             "July",                                                                                                                           "August", "September", "October",
-         "November", "December"},
-        {"Jan", "Feb",  "Mar",                        "Apr",                             "May",                                                              "Jun",                                                                                                                            "Jul",                                                                                                                                                                                                                                                       "Aug", "Sep", "Oct", "Nov", "Dec"},
-        {"Sunday",       "Monday",            "Tuesday","Wednesday","Thursday","Friday","Saturday"},
-        {"Sun",       "Mon",                 "Tue",                 "Wed",                  "Thu",                               "Fri",                                                                                                "Sat"                                                                                                                                                                                                                                                 }
-    });
+    static const auto made = makeNames(icu::Locale::getUS(), true);
+    static const auto names = made ? made : std::make_shared<const DateNames>(); // without ICU's data
     return names;
 }
 
@@ -91,7 +96,8 @@ std::shared_ptr<const DateNames> findNames(const std::string& locale, bool isBes
 bool showsNames(const Rule& rule)
 {
     for (const Token& token : rule.getTokens())
-        if (token.kind == TokenKind::Weekday || (token.kind == TokenKind::Month && token.text.size() > 2))
+        if (token.kind == TokenKind::Weekday || token.kind == TokenKind::DayPart ||
+            (token.kind == TokenKind::Month && token.text.size() > 2))
             return true;
     return false;
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include <OfficeUtils/Formatting/Eras.h>
 #include <OfficeUtils/Formatting/NumberText.h>
 
 namespace QV::OfficeUtils {
@@ -14,8 +15,9 @@ using namespace DOM::CellFormatModel;
 using DOM::DateSystem;
 
 constexpr double SecondsPerDay = 86400;
-constexpr double DaysEnd1900 = 2958466; // 10000-01-01
-constexpr double DaysEnd1904 = DaysEnd1900 - 1462;
+constexpr double DaysMax = 1e14;          // whose seconds are countable
+constexpr std::int64_t DaysBegin = 306;   // 0001-01-01, in days after 0000-03-01
+constexpr std::int64_t DaysEnd = 3652365; // 10000-01-01
 constexpr int BuddhistEra = 543;
 
 struct Date
@@ -24,6 +26,16 @@ struct Date
     int month; // from 1
     int day;   // 0 for the day before 1900-01-01
 };
+
+/// Days after 0000-03-01 in the proleptic Gregorian calendar.
+std::int64_t countDays(std::int64_t serial, DateSystem system)
+{
+    constexpr std::int64_t Day0Of1900 = 693900; // 1899-12-31
+    constexpr std::int64_t Day0Of1904 = 695361; // 1904-01-01
+    if (system == DateSystem::From1904)
+        return serial + Day0Of1904;
+    return serial + Day0Of1900 - (serial < 0 || serial > 60 ? 1 : 0);
+}
 
 /// The proleptic Gregorian date so many days after 0000-03-01, for days from 0.
 Date makeDate(std::int64_t days)
@@ -40,21 +52,18 @@ Date makeDate(std::int64_t days)
 
 Date makeDate(std::int64_t serial, DateSystem system)
 {
-    constexpr std::int64_t Day0Of1900 = 693900; // 1899-12-31
-    constexpr std::int64_t Day0Of1904 = 695361; // 1904-01-01
-    if (system == DateSystem::From1904)
-        return makeDate(serial + Day0Of1904);
-    if (serial == 0)
+    if (system == DateSystem::From1900 && serial == 0)
         return {1900, 1, 0};
-    if (serial == 60)
+    if (system == DateSystem::From1900 && serial == 60)
         return {1900, 2, 29}; // which 1900 did not have
-    return makeDate(serial + Day0Of1900 - (serial > 60 ? 1 : 0));
+    return makeDate(countDays(serial, system));
 }
 
 /// From 0 for Sunday. Day 1 of 1900 counts as one, so that the days after the false leap day are right.
 std::size_t getWeekday(std::int64_t serial, DateSystem system)
 {
-    return static_cast<std::size_t>((serial + (system == DateSystem::From1904 ? 5 : 6)) % 7);
+    const std::int64_t weekday = (serial + (system == DateSystem::From1904 ? 5 : 6)) % 7;
+    return static_cast<std::size_t>(weekday < 0 ? weekday + 7 : weekday);
 }
 
 /// A day and a time, rounded to what a section shows.
@@ -104,18 +113,53 @@ void appendPadded(std::int64_t number, std::size_t width, std::string& text)
     text += digits;
 }
 
+/// What kinds of tokens a section has.
+struct Contents
+{
+    explicit Contents(const Rule& rule)
+    {
+        for (const Token& token : rule.getTokens()) {
+            const TokenKind kind = token.kind;
+            hasDate = hasDate || (TokenKind::Weekday <= kind && kind <= TokenKind::Year) ||
+                      (TokenKind::Era <= kind && kind <= TokenKind::BuddhistYear);
+            hasElapsed = hasElapsed || (TokenKind::ElapsedHours <= kind && kind <= TokenKind::ElapsedSeconds);
+            hasDayPart = hasDayPart || kind == TokenKind::DayPart;
+        }
+    }
+
+    bool hasDate = false;
+    bool hasElapsed = false;
+    bool hasDayPart = false;
+};
+
+bool hasDay(std::int64_t serial, DateSystem system)
+{
+    const std::int64_t days = countDays(serial, system);
+    return DaysBegin <= days && days < DaysEnd;
+}
+
+/// The bytes of the first character of a UTF-8 text.
+std::size_t getFirstCharacterSize(const std::string& text)
+{
+    std::size_t end = std::min<std::size_t>(1, text.size());
+    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+        ++end;
+    return end;
+}
+
 /// Shows the tokens of one section for one value.
 class DateTimeWriter
 {
 public:
-    DateTimeWriter(const DateTime& value, const Rule& rule, DateSystem system, const DateNames& names)
+    DateTimeWriter(const DateTime& value, const Rule& rule, const Contents& contents, DateSystem system,
+        const DateNames& names)
         : _value(value)
-        , _date(makeDate(value.serial, system))
+        , _date(contents.hasDate ? makeDate(value.serial, system) : Date{})
         , _names(names)
-        , _weekday(getWeekday(value.serial, system))
+        , _language(rule.getLanguage().value_or(0))
+        , _system(system)
         , _fractionDigits(getFractionDigits(rule).value_or(0))
-        , _hasDayPart(std::any_of(rule.getTokens().begin(), rule.getTokens().end(),
-              [](const Token& token) { return token.kind == TokenKind::DayPart; }))
+        , _hasDayPart(contents.hasDayPart)
     {
     }
 
@@ -133,7 +177,7 @@ private:
         const std::size_t width = token.text.size();
         switch (token.kind) {
         case TokenKind::Weekday:
-            text += (width == 4 ? _names.weekdays : _names.shortWeekdays)[_weekday];
+            text += (width == 4 ? _names.weekdays : _names.shortWeekdays)[getWeekday(_value.serial, _system)];
             break;
         case TokenKind::Month:
             writeMonth(width, text);
@@ -144,17 +188,32 @@ private:
         case TokenKind::Year:
             appendPadded(width == 2 ? _date.year % 100 : _date.year, width, text);
             break;
+        case TokenKind::Era:
         case TokenKind::EraYear:
-            appendPadded(_date.year, width, text);
+            writeEra(token, text);
             break;
         case TokenKind::BuddhistYear:
             appendPadded(
                 width == 2 ? (_date.year + BuddhistEra) % 100 : _date.year + BuddhistEra, width, text);
             break;
-        default: // the Gregorian era is not shown
+        default:
             appendPlain(token, text);
             break;
         }
+    }
+
+    /// The Gregorian era is not shown.
+    void writeEra(const Token& token, std::string& text) const
+    {
+        constexpr std::int64_t Day0Of1970 = 719468;
+        const auto era = findEraYear(countDays(_value.serial, _system) - Day0Of1970, _language);
+        const std::size_t width = token.text.size();
+        if (token.kind == TokenKind::EraYear)
+            appendPadded(era ? era->year : _date.year, width, text);
+        else if (era && width == 1)
+            text += era->initial;
+        else if (era)
+            text.append(era->name, 0, width == 2 ? getFirstCharacterSize(era->name) : std::string::npos);
     }
 
     void writeMonth(std::size_t width, std::string& text) const
@@ -168,11 +227,7 @@ private:
             text += (width == 3 ? _names.shortMonths : _names.months)[index];
             return;
         }
-        const std::string& name = _names.months[index];
-        std::size_t end = std::min<std::size_t>(1, name.size());
-        while (end < name.size() && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U)
-            ++end;
-        text.append(name, 0, end);
+        text.append(_names.months[index], 0, getFirstCharacterSize(_names.months[index]));
     }
 
     void writeTime(const Token& token, std::string& text) const
@@ -207,7 +262,7 @@ private:
             appendPadded(elapsed, elapsedWidth, text);
             break;
         case TokenKind::DayPart:
-            text += getHour() < 12 ? token.text.substr(0, width / 2) : token.text.substr(width / 2 + 1);
+            writeDayPart(token, text);
             break;
         default:
             appendPlain(token, text);
@@ -215,31 +270,44 @@ private:
         }
     }
 
+    /// A code says it in English, and some languages in their own script.
+    void writeDayPart(const Token& token, std::string& text) const
+    {
+        const bool isMorning = getHour() < 12;
+        const std::size_t width = token.text.size();
+        const std::string& name = _names.dayParts[isMorning ? 0 : 1];
+        if (!name.empty() && width == std::string("AM/PM").size())
+            text += name;
+        else
+            text += isMorning ? token.text.substr(0, width / 2) : token.text.substr(width / 2 + 1);
+    }
+
     std::int64_t getHour() const { return _value.seconds / 3600; }
 
     DateTime _value;
     Date _date;
     const DateNames& _names;
-    std::size_t _weekday;
+    unsigned long _language;
+    DateSystem _system;
     int _fractionDigits;
     bool _hasDayPart;
 };
 
 } // namespace
 
-bool isDateTime(double serial, DateSystem system)
+boost::optional<std::string> formatDateTime(
+    double serial, const Rule& rule, DateSystem system, const DateNames& names)
 {
-    if (system == DateSystem::From1904)
-        return std::fabs(serial) < DaysEnd1904;
-    return 0 <= serial && serial < DaysEnd1900;
-}
-
-std::string formatDateTime(double serial, const Rule& rule, DateSystem system, const DateNames& names)
-{
-    const DateTime value = round(std::fabs(serial), getFractionDigits(rule));
-    const DateTimeWriter writer(value, rule, system, names);
+    const Contents contents(rule);
+    if (!(std::fabs(serial) < DaysMax))
+        return boost::none;
+    const bool hasSign = contents.hasElapsed && serial < 0;
+    const DateTime value = round(hasSign ? -serial : serial, getFractionDigits(rule));
+    if (contents.hasDate && !hasDay(value.serial, system))
+        return boost::none;
+    const DateTimeWriter writer(value, rule, contents, system, names);
     std::string text;
-    if (serial < 0)
+    if (hasSign)
         text += '-';
     for (const Token& token : rule.getTokens())
         writer.write(token, text);

@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 
+#include <boost/optional.hpp>
+
 #include <DOM/Public/CellFormatModel.h>
 #include <DOM/Public/DateSystem.h>
 
@@ -18,16 +20,17 @@ struct DateNames
     std::string shortMonths[12];
     std::string weekdays[7];
     std::string shortWeekdays[7];
+    std::string dayParts[2]; // morning and afternoon, where they have a script of their own; else empty
 };
 
 /// The names in the language of a section. English where the section names none, or one that is not known.
 std::shared_ptr<const DateNames> findDateNames(const DOM::CellFormatModel::Rule& rule);
 
-/// Whether the date system has the day of a serial number.
-bool isDateTime(double serial, DOM::DateSystem system);
-
-/// @param serial which isDateTime() accepts; its sign is shown
-std::string formatDateTime(
+/// Days before the first of the date system are counted back, in the Gregorian calendar. Elapsed times have a
+/// sign, and other times are those of their day: half a day before a day begins is noon of the one before.
+///
+/// @return nothing for a day before the year 1 or after 9999, where the section shows days
+boost::optional<std::string> formatDateTime(
     double serial, const DOM::CellFormatModel::Rule& rule, DOM::DateSystem system, const DateNames& names);
 
 } // namespace QV::OfficeUtils

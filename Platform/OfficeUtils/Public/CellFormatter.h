@@ -30,10 +30,11 @@ struct DisplayedValue
 /// gap ("_x") is shown as a blank, and what fills the cell ("*x") not at all, for there is no width to fill.
 /// A number that no section is for is shown as it is.
 ///
-/// Seconds are rounded where they are shown, hours and minutes are cut. Dates and times that the date system
-/// does not have are "########": those before its first day, unless it counts from 1904, which has negative
-/// ones with a sign, and those after the year 9999. Names of months and days follow the section's locale;
-/// years of an era are those of the Gregorian calendar.
+/// Seconds are rounded where they are shown, hours and minutes are cut. Where days count from 1900, that year
+/// has a 29th of February and day 0 is "1900-01-00", as in the programs that write workbooks. Days before are
+/// counted back from 1899-12-30 (or from the first of 1904), as ISO/IEC 29500-1, 18.17.4.1 has it. Elapsed
+/// times have a sign. Dates before the year 1 and after 9999 are "########". Names of months and days follow
+/// the section's locale, and so do the years of an era ("e", "g") in Japanese and in Chinese of Taiwan.
 ///
 /// Making one is the dear part: keep it for all cells of a format. Several threads may share one.
 class OFFICEUTILS_API CellFormatter

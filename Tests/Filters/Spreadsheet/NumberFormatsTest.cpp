@@ -102,7 +102,7 @@ TEST_F(NumberFormatsImport, SystemFormatsFollowTheReader)
                   "<numFmt numFmtId='165' formatCode='[$-F400]h:mm:ss\\ AM/PM'/>"
                   "<numFmt numFmtId='166' formatCode='[$-F800]yyyy\\-mm\\-dd;@'/>",
         "<xf/><xf numFmtId='164'/><xf numFmtId='165'/><xf numFmtId='166'/>",
-        "<c s='1'><v>43890</v></c><c s='2'><v>0.75</v></c><c s='3'><v>43890</v></c>");
+        "<c s='1'><v>43892</v></c><c s='2'><v>0.75</v></c><c s='3'><v>43890</v></c>");
     using DOM::CellFormatModel::FormatType;
     ASSERT_TRUE(findFormat(0)->getLocalizedDateTime());
     EXPECT_EQ(findFormat(0)->getLocalizedDateTime()->getFormatType(), FormatType::Date);
@@ -112,7 +112,7 @@ TEST_F(NumberFormatsImport, SystemFormatsFollowTheReader)
     EXPECT_FALSE(findFormat(2)->getLocalizedDateTime());
     EXPECT_TRUE(findFormat(2)->getExpression());
     const std::string json = writeJson();
-    EXPECT_THAT(json, HasSubstr("\"display\": \"Saturday, February 29, 2020\""));
+    EXPECT_THAT(json, HasSubstr("\"display\": \"Monday, March 2, 2020\""));
     EXPECT_THAT(json, HasSubstr("\"display\": \"6:00:00 PM\""));
     EXPECT_THAT(json, HasSubstr("\"display\": \"2020-02-29\""));
 }
@@ -191,16 +191,26 @@ struct KnownRow
 TEST_F(NumberFormatsImport, KnowsTheFormatsOfApplications)
 {
     const KnownRow rows[] = {
-        {"1",  "0",                                         "-1235"    },
-        {"4",  "#,##0.00",                                  "-1,234.57"},
-        {"5",  "\\\"$\\\"#,##0_);\\\\(\\\"$\\\"#,##0\\\\)", "($1,235)" },
-        {"9",  "0%",                                        "-123457%" },
-        {"11", "0.00E+00",                                  "-1.23E+03"},
-        {"12", "# ?/?",                                     "-1234 4/7"},
-        {"14", "mm-dd-yy",                                  "########" },
-        {"37", "#,##0_);(#,##0)",                           "(1,235)"  },
-        {"48", "##0.0E+0",                                  "-1.2E+3"  },
-        {"49", "@",                                         "-1234.567"},
+        {"1",  "0",                                         "-1235"          },
+        {"4",  "#,##0.00",                                  "-1,234.57"      },
+        {"5",  "\\\"$\\\"#,##0_);\\\\(\\\"$\\\"#,##0\\\\)", "($1,235)"       },
+        {"9",  "0%",                                        "-123457%"       },
+        {"11", "0.00E+00",                                  "-1.23E+03"      },
+        {"12", "# ?/?",                                     "-1234 4/7"      },
+        {"14", "mm-dd-yy",                                  "8/12/1896"      },
+        {"22", "m/d/yy h:mm",                               "8/12/1896 10:23"},
+        {"27", "mm-dd-yy",                                  "8/12/1896"      },
+        {"35", "h:mm:ss",                                   "10:23:31"       },
+        {"36", "mm-dd-yy",                                  "8/12/1896"      },
+        {"50", "mm-dd-yy",                                  "8/12/1896"      },
+        {"58", "mm-dd-yy",                                  "8/12/1896"      },
+        {"59", "0",                                         "-1235"          },
+        {"67", "0%",                                        "-123457%"       },
+        {"72", "mm-dd-yy",                                  "8/12/1896"      },
+        {"81", "mmss.0",                                    "2331.2"         },
+        {"37", "#,##0_);(#,##0)",                           "(1,235)"        },
+        {"48", "##0.0E+0",                                  "-1.2E+3"        },
+        {"49", "@",                                         "-1234.567"      },
     };
     for (const KnownRow& row : rows) {
         importFormats(
@@ -215,7 +225,7 @@ TEST_F(NumberFormatsImport, KnowsTheFormatsOfApplications)
 TEST_F(NumberFormatsImport, NoneOfTheFormatsOfApplicationsIsInvalid)
 {
     std::string formats = "<xf/>";
-    for (int id = 0; id < 50; ++id)
+    for (int id = 0; id < 82; ++id)
         formats += "<xf numFmtId='" + std::to_string(id) + "'/>";
     importFormats("", formats, "<c><v>1</v></c>");
     EXPECT_THAT(listMessages(), IsEmpty());

@@ -87,8 +87,8 @@ const CodeRow CodeRows[] = {
     {"DigitsAsText",         "00 5",                                  "00\\ \"5\"",                            "00\" 5\""                        },
     {"Date",                 "YYYY-MM-DD",                            "yyyy-mm-dd",                            "yyyy-mm-dd"                      },
     {"DateWithSlashes",      "m/d/y, mmm",                            "m/d/yy\\,\\ mmm",                       "m/d/yy\", \"mmm"                 },
-    {"LongRuns",             "mmmmmm dddddd yyyyy hhh sss",           "mmmmm\\ dddd\\ yyyy\\ hh\\ ss",
-     "mmmmm\" \"dddd\" \"yyyy\" \"hh\" \"ss"                                                                                                     },
+    {"LongRuns",             "mmmmmm dddddd yyyyy hhh sss",           "mmmm\\ dddd\\ yyyy\\ hh\\ ss",
+     "mmmm\" \"dddd\" \"yyyy\" \"hh\" \"ss"                                                                                                     },
     {"SecondFraction",       "mm:ss.000",                             "mm:ss.000",                             "mm:ss.000"                       },
     {"Elapsed",              "[HH]:[mm]:[s].0",                       "[hh]:[mm]:[s].0",                       "[hh]:[mm]:[s].0"                 },
     {"DayParts",             "h am/pm a/p",                           "h\\ AM/PM\\ a/p",                       "h\" \"AM/PM\" \"a/p"             },
@@ -266,7 +266,9 @@ TEST(Parser, ReadsLanguages)
         {"[$-F800]d",             0xF800UL    },
         {"[$-x-sysdate]d",        0xF800UL    },
         {"[$-X-SysTime]h",        0xF400UL    },
-        {"[$-de-DE]d",            boost::none },
+        {"[$-de-DE]d",            0x407UL     },
+        {"[$-zz-ZZ]d",            boost::none },
+        {"[$-de_DE]d",            boost::none },
         {"[$-FFFFFFFF]d",         0xFFFFFFFFUL},
         {"[$-100000000]d",        boost::none },
         {"[$USD][$-409]0[$-407]", 0x409UL     },
@@ -378,8 +380,8 @@ const DateTimePatternItemSet Time = {
 TEST(Parser, PrintsLocalizedDatesForALocale)
 {
     const std::pair<std::pair<const char*, DateTimePatternItemSet>, const char*> rows[] = {
-        {{"en_US", LongDate},                             "dddd\\,\\ mmmm\\ dd\\,\\ yyyy"},
-        {{"de_DE", LongDate},                             "dddd\\,\\ dd\\.\\ mmmm\\ yyyy"},
+        {{"en_US", LongDate},                             "dddd\\,\\ mmmm\\ d\\,\\ yyyy"},
+        {{"de_DE", LongDate},                             "dddd\\,\\ d\\.\\ mmmm\\ yyyy"},
         {{"en_US", ShortDate},                            "mm/dd/yyyy"                   },
         {{"de_DE", ShortDate},                            "dd\\.mm\\.yyyy"               },
         {{"en_US", Time},                                 "h:mm:ss\\ AM/PM"              },
