@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <Beginning.h>
 #include <DOM/Public/ChartSpace.h>
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Frame.h>
@@ -127,6 +128,7 @@ void writeSummary(const std::string& name, const Filters::FilterRun& run, std::o
     out << fmt::format("{}: a workbook of {} {}\n", Filters::makePrintable(name), rows.size(),
         rows.size() == 1 ? "sheet" : "sheets");
     writeSheets(rows, out);
+    writeBeginning(run.getDocument(), out);
     std::vector<std::string> links;
     for (const std::string& link : run.getLinks())
         links.push_back(Filters::makePrintable(link));

@@ -12,7 +12,7 @@ class FilterRun;
 
 namespace QV::Tool {
 
-/// Tells a person what came in: the sheets, what was left out, and the messages in groups.
+/// Tells a person what came in: the sheets, the first cells, what was left out, and the messages in groups.
 void writeSummary(const std::string& name, const Filters::FilterRun& run, std::ostream& out);
 
 /// Tells the messages of a report in groups; those about what was left out are not among them.

@@ -270,6 +270,33 @@ class Output(Case):
         self.assert_only()
 
 
+    def summary_of(self, *sheets):
+        write_package(self.folder / "beginning.xlsx", workbook(sheets))
+        return self.expect(0, "import", "beginning.xlsx").stdout.decode()
+
+    def test_summary_shows_the_first_cells_as_a_spreadsheet_does(self):
+        text = self.expect(0, "import", self.orders).stdout.decode()
+        self.assertIn("\nOrders begins:\n  Orders 2024\n"
+                      "  Day          Customer        Pieces  Price      Total      Paid\n"
+                      "   2024-01-01  課長                   3  19.99 EUR  59.97 EUR  TRUE\n"
+                      "   2024-02-29  Müller & Söhne      12   4.50 EUR  54.00 EUR  FALSE\n", text)
+
+    def test_summary_cuts_what_it_shows_of_cells(self):
+        def cell(text):
+            return f"<c t='inlineStr'><is><t>{text}</t></is></c>"
+        wide = cell("a" * 20) + cell("\u00e4" * 21) + cell("a\u009b31mb&#10;c") + "<c/>" + "<c><v>1</v></c>" * 9
+        rows = f"<row/><row>{wide}</row>" + "<row><c><v>2</v></c></row>" * 9
+        text = self.summary_of(("Secret", "hidden", "<sheetData><row><c><v>7</v></c></row></sheetData>"),
+                               ("Empty", "visible", "<sheetData/>"),
+                               ("Wide", "visible", f"<sheetData>{rows}</sheetData>"))
+        shown = "  " + "a" * 20 + "  " + "\u00e4" * 19 + "\u2026" + "  a\\xC2\\x9B31mb" + "  1" * 3
+        self.assertIn(f"\nWide begins:\n{shown}\n" + f"  {2:>20}\n" * 3 + "No messages.\n", text)
+        self.assertNotIn("Secret begins", text)
+
+    def test_summary_of_empty_sheets_shows_no_cells(self):
+        self.assertNotIn("begins", self.summary_of(("Empty", "visible", "<sheetData><row><c/></row></sheetData>")))
+
+
 class Model(Case):
     def assert_keys(self, kind, value):
         keys = [key for key in value if key in KEYS[kind]]
