@@ -2,24 +2,28 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <map>
 #include <ostream>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <boost/optional.hpp>
+#include <boost/algorithm/string/replace.hpp>
 #include <fmt/format.h>
 
 #include <DOM/Public/Adapter/ResolvedCellStyle.h>
 #include <DOM/Public/Adapter/TableCellIterator.h>
+#include <DOM/Public/Block.h>
 #include <DOM/Public/Cell.h>
+#include <DOM/Public/CellFormat.h>
 #include <DOM/Public/Document.h>
+#include <DOM/Public/Styles.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/CellDisplays.h>
 #include <Filters/Package/PackageError.h>
 #include <OfficeUtils/Public/CellFormatter.h>
+#include <Utils/Public/TableIndices/RowColumnIndices.h>
 
 namespace QV::Tool {
 namespace {
@@ -27,6 +31,8 @@ namespace {
 constexpr std::size_t RowsMax = 4;
 constexpr std::size_t ColumnsMax = 6;
 constexpr std::size_t CharactersMax = 20;
+constexpr std::size_t CellsMax = 2000;     // that are looked at, for most may show nothing
+constexpr std::size_t BytesMax = 16 << 20; // of their texts
 
 struct Shown
 {
@@ -61,7 +67,9 @@ std::string showCell(const DOM::Cell& cell, const DOM::CellFormat* format, Filte
 Shown cut(const std::string& text, bool isNumber)
 {
     const auto isFirstByte = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
-    std::string shown = Filters::makePrintable(text.substr(0, text.find('\n')));
+    std::string shown = Filters::makePrintable(text);
+    boost::replace_all(shown, "\\x22", "\""); // which harm no terminal, and are no part of a message here
+    boost::replace_all(shown, "\\x5C", "\\");
     auto width = static_cast<std::size_t>(std::count_if(shown.begin(), shown.end(), isFirstByte));
     if (width > CharactersMax) {
         std::size_t end = 0;
@@ -73,40 +81,80 @@ Shown cut(const std::string& text, bool isNumber)
     return {std::move(shown), width, isNumber};
 }
 
-/// The first rows that show something, and of each its first columns.
-std::vector<Row> findRows(const DOM::Table& table, const DOM::Styles& styles, Filters::CellDisplays& displays)
+/// Reads the first rows of a sheet that show something, and the first columns of these.
+class BeginningReader
 {
-    std::vector<Row> rows;
-    boost::optional<RowIndex> index; // of the last of them
-    const auto cells = Adapter::getCellIterators(table);
-    for (auto it = cells.begin(); it != cells.end(); ++it) {
-        const bool isInRow = index && *index == it.getRowIndex();
-        if (it->getKind() == DOM::Cell::Kind::Empty || (isInRow && rows.back().size() == ColumnsMax))
-            continue;
-        if (!isInRow && rows.size() == RowsMax)
-            break;
-        const DOM::CellFormat* const format =
-            displays.findFormat(Adapter::getResolvedCellStyle(it.getCellInfo(), styles));
-        const std::string text = showCell(*it, format, displays);
-        if (text.empty())
-            continue;
-        if (!isInRow)
-            rows.emplace_back();
-        index = it.getRowIndex();
-        rows.back().emplace(it.getColIndex().get(), cut(text, it->getKind() == DOM::Cell::Kind::Number));
+public:
+    BeginningReader(const DOM::Table& table, const DOM::Styles& styles, Filters::CellDisplays& displays)
+        : _table(table)
+        , _styles(styles)
+        , _displays(displays)
+    {
     }
-    return rows;
-}
 
-/// The first columns of all that the rows have, and the width of each.
+    std::vector<Row> read()
+    {
+        const auto cells = Adapter::getCellIterators(_table);
+        std::size_t count = 0;
+        for (auto it = cells.begin(); it != cells.end() && count < CellsMax && _bytes < BytesMax; ++it) {
+            if (_rows.size() == RowsMax && it.getRowIndex() != _index)
+                break;
+            if (it->getKind() == DOM::Cell::Kind::Empty || isHidden(it))
+                continue;
+            ++count;
+            add(it);
+        }
+        return std::move(_rows);
+    }
+
+private:
+    using Iterator = Adapter::ConstTableCellIterator;
+
+    bool isHidden(const Iterator& it) const
+    {
+        return _table.getRowProps(it.getRowIndex()).isHidden() ||
+               _table.getColumnProps(it.getColIndex()).isHidden();
+    }
+
+    void add(const Iterator& it)
+    {
+        const DOM::CellFormat* const format =
+            _displays.findFormat(Adapter::getResolvedCellStyle(it.getCellInfo(), _styles));
+        const std::string text = showCell(*it, format, _displays);
+        _bytes += text.size() + (it->getText() ? it->getText()->getPlainText().size() : 0);
+        const std::string line = text.substr(0, text.find('\n'));
+        const unsigned long column = it.getColIndex().get();
+        if (line.empty() || !hasRoom(column))
+            return;
+        if (_rows.empty() || it.getRowIndex() != _index)
+            _rows.emplace_back();
+        _index = it.getRowIndex();
+        _columns.insert(column);
+        _rows.back().emplace(column, cut(line, it->getKind() == DOM::Cell::Kind::Number));
+    }
+
+    /// Whether a column is, or can become, one of those that are shown.
+    bool hasRoom(unsigned long column) const
+    {
+        return _columns.size() < ColumnsMax || _columns.count(column) != 0;
+    }
+
+    const DOM::Table& _table;
+    const DOM::Styles& _styles;
+    Filters::CellDisplays& _displays;
+    std::vector<Row> _rows;
+    std::set<unsigned long> _columns; // the first that any row has
+    RowIndex _index = RowIndex(0);    // of the last row
+    std::size_t _bytes = 0;
+};
+
+/// The width of each column.
 std::map<unsigned long, std::size_t> findWidths(const std::vector<Row>& rows)
 {
     std::map<unsigned long, std::size_t> widths;
     for (const Row& row : rows)
         for (const auto& cell : row)
             widths[cell.first] = std::max(widths[cell.first], cell.second.width);
-    while (widths.size() > ColumnsMax)
-        widths.erase(std::prev(widths.end()));
     return widths;
 }
 
@@ -136,7 +184,7 @@ void writeBeginning(const DOM::Document& document, std::ostream& out)
         const auto* const table = dynamic_cast<const DOM::Table*>(&block);
         if (!table || !table->isVisible())
             continue;
-        const std::vector<Row> rows = findRows(*table, document.getStyles(), displays);
+        const std::vector<Row> rows = BeginningReader(*table, document.getStyles(), displays).read();
         if (rows.empty())
             continue;
         out << fmt::format("{} begins:\n", Filters::makePrintable(table->getName()));

@@ -25,44 +25,45 @@ struct KnownFormat
 {
     unsigned long id;
     const char* code;
+    const char* shown; ///< as in US English, where applications do not show what the code says; else null
 };
 
 const KnownFormat KnownFormats[] = {
-    {1,  "0"                                                            },
-    {2,  "0.00"                                                         },
-    {3,  "#,##0"                                                        },
-    {4,  "#,##0.00"                                                     },
-    {5,  R"("$"#,##0_);\("$"#,##0\))"                                   },
-    {6,  R"("$"#,##0_);[Red]\("$"#,##0\))"                              },
-    {7,  R"("$"#,##0.00_);\("$"#,##0.00\))"                             },
-    {8,  R"("$"#,##0.00_);[Red]\("$"#,##0.00\))"                        },
-    {9,  "0%"                                                           },
-    {10, "0.00%"                                                        },
-    {11, "0.00E+00"                                                     },
-    {12, "# ?/?"                                                        },
-    {13, "# ?\?/?\?"                                                    },
-    {14, "mm-dd-yy"                                                     },
-    {15, "d-mmm-yy"                                                     },
-    {16, "d-mmm"                                                        },
-    {17, "mmm-yy"                                                       },
-    {18, "h:mm AM/PM"                                                   },
-    {19, "h:mm:ss AM/PM"                                                },
-    {20, "h:mm"                                                         },
-    {21, "h:mm:ss"                                                      },
-    {22, "m/d/yy h:mm"                                                  },
-    {37, "#,##0_);(#,##0)"                                              },
-    {38, "#,##0_);[Red](#,##0)"                                         },
-    {39, "#,##0.00_);(#,##0.00)"                                        },
-    {40, "#,##0.00_);[Red](#,##0.00)"                                   },
-    {41, R"(_(* #,##0_);_(* \(#,##0\);_(* "-"_);_(@_))"                 },
-    {42, R"(_("$"* #,##0_);_("$"* \(#,##0\);_("$"* "-"_);_(@_))"        },
-    {43, R"(_(* #,##0.00_);_(* \(#,##0.00\);_(* "-"??_);_(@_))"         },
-    {44, R"(_("$"* #,##0.00_);_("$"* \(#,##0.00\);_("$"* "-"??_);_(@_))"},
-    {45, "mm:ss"                                                        },
-    {46, "[h]:mm:ss"                                                    },
-    {47, "mmss.0"                                                       },
-    {48, "##0.0E+0"                                                     },
-    {49, "@"                                                            },
+    {1,  "0",                                                             nullptr        },
+    {2,  "0.00",                                                          nullptr        },
+    {3,  "#,##0",                                                         nullptr        },
+    {4,  "#,##0.00",                                                      nullptr        },
+    {5,  R"("$"#,##0_);\("$"#,##0\))",                                    nullptr        },
+    {6,  R"("$"#,##0_);[Red]\("$"#,##0\))",                               nullptr        },
+    {7,  R"("$"#,##0.00_);\("$"#,##0.00\))",                              nullptr        },
+    {8,  R"("$"#,##0.00_);[Red]\("$"#,##0.00\))",                         nullptr        },
+    {9,  "0%",                                                            nullptr        },
+    {10, "0.00%",                                                         nullptr        },
+    {11, "0.00E+00",                                                      nullptr        },
+    {12, "# ?/?",                                                         nullptr        },
+    {13, "# ?\?/?\?",                                                     nullptr        },
+    {14, "mm-dd-yy",                                                      "m/d/yyyy"     },
+    {15, "d-mmm-yy",                                                      nullptr        },
+    {16, "d-mmm",                                                         nullptr        },
+    {17, "mmm-yy",                                                        nullptr        },
+    {18, "h:mm AM/PM",                                                    nullptr        },
+    {19, "h:mm:ss AM/PM",                                                 nullptr        },
+    {20, "h:mm",                                                          nullptr        },
+    {21, "h:mm:ss",                                                       nullptr        },
+    {22, "m/d/yy h:mm",                                                   "m/d/yyyy h:mm"},
+    {37, "#,##0_);(#,##0)",                                               nullptr        },
+    {38, "#,##0_);[Red](#,##0)",                                          nullptr        },
+    {39, "#,##0.00_);(#,##0.00)",                                         nullptr        },
+    {40, "#,##0.00_);[Red](#,##0.00)",                                    nullptr        },
+    {41, R"(_(* #,##0_);_(* \(#,##0\);_(* "-"_);_(@_))",                  nullptr        },
+    {42, R"(_("$"* #,##0_);_("$"* \(#,##0\);_("$"* "-"_);_(@_))",         nullptr        },
+    {43, R"(_(* #,##0.00_);_(* \(#,##0.00\);_(* "-"??_);_(@_))",          nullptr        },
+    {44, R"(_("$"* #,##0.00_);_("$"* \(#,##0.00\);_("$"* "-"??_);_(@_))", nullptr        },
+    {45, "mm:ss",                                                         nullptr        },
+    {46, "[h]:mm:ss",                                                     nullptr        },
+    {47, "mmss.0",                                                        "mm:ss.0"      },
+    {48, "##0.0E+0",                                                      nullptr        },
+    {49, "@",                                                             nullptr        },
 };
 
 /// Formats that are another one by all but their number: of East Asian applications (27 to 36, 50 to 58),
@@ -119,19 +120,6 @@ const LikeFormat LikeFormats[] = {
     {81, 47},
 };
 
-/// What dates of the reader's own form look like in US English, whose code is another.
-const char* getShownCode(const KnownFormat& format)
-{
-    switch (format.id) {
-    case 14:
-        return "m/d/yyyy";
-    case 22:
-        return "m/d/yyyy h:mm";
-    default:
-        return format.code;
-    }
-}
-
 bool isGeneral(const DOM::CellFormatModel::Expression& expression)
 {
     const auto& rule = expression.getDefaultNumberRule();
@@ -169,8 +157,9 @@ boost::optional<unsigned long> readId(const XMLElement& element)
 NumberFormats::NumberFormats(const XMLElement& styleSheet, const Names& names, OperationReport& report)
 {
     for (const KnownFormat& known : KnownFormats)
-        _formats.emplace(known.id, std::make_shared<DOM::CellFormat>(known.code,
-                                       Parser::parse(getShownCode(known), Parser::ParserType::Spreadsheet)));
+        _formats.emplace(known.id,
+            std::make_shared<DOM::CellFormat>(known.code,
+                Parser::parse(known.shown ? known.shown : known.code, Parser::ParserType::Spreadsheet)));
     for (const LikeFormat& like : LikeFormats)
         _formats.emplace(like.id, _formats.at(like.likeId));
     const auto named = [&](const char* name) { return names(Vocabulary::Spreadsheet, name); };

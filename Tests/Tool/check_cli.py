@@ -18,7 +18,7 @@ sys.path.insert(0, str(HERE.parent.parent / "Samples"))
 # pylint: disable=wrong-import-position
 import hostile_packages
 import hostile_parts
-from package_parts import number, png, row, workbook, write_package
+from package_parts import STYLES, number, png, row, workbook, write_package
 from tool_runner import allowance, run
 
 PROGRAM, SAMPLES = "", pathlib.Path()
@@ -292,6 +292,28 @@ class Output(Case):
         shown = "  " + "a" * 20 + "  " + "\u00e4" * 19 + "\u2026" + "  a\\xC2\\x9B31mb" + "  1" * 3
         self.assertIn(f"\nWide begins:\n{shown}\n" + f"  {2:>20}\n" * 3 + "No messages.\n", text)
         self.assertNotIn("Secret begins", text)
+
+    def test_summary_shows_what_a_reader_sees(self):
+        def cell(place, text):
+            return f"<c r='{place}' t='inlineStr'><is><t>{text}</t></is></c>"
+        columns = "<cols><col min='2' max='2' hidden='1' width='9' customWidth='1'/></cols>"
+        rows = ("<row r='1' hidden='1'><c r='A1'><v>666</v></c></row>"
+                f"<row r='2'>{cell('A2', '12&quot; C:&#92;tmp')}<c r='B2'><v>667</v></c><c r='C2'><v>3</v></c></row>"
+                f"<row r='3'>{cell('A3', '&#10;below')}</row>"
+                + "<row r='4'>" + "".join(f"<c r='{c}4'><v>4</v></c>" for c in "CDEFG") + "</row>"
+                "<row r='5'><c r='Z5'><v>5</v></c></row><row r='6'><c r='C6'><v>6</v></c></row>")
+        text = self.summary_of(("Seen", "visible", f"{columns}<sheetData>{rows}</sheetData>"))
+        self.assertIn("\nSeen begins:\n"
+                      '  12" C:\\tmp  3\n' + " " * 14 + "4  4  4  4  4\n" + " " * 14 + "6\nNo messages.\n", text)
+
+    def test_summary_looks_at_no_more_than_it_may_show(self):
+        styles = STYLES.replace("<cellXfs", "<numFmts><numFmt numFmtId='164' formatCode=';;;'/></numFmts><cellXfs"
+                                ).replace('numFmtId="14"', 'numFmtId="164"')
+        cells = "<row><c t='s' s='1'><v>0</v></c></row>" * 20_000
+        write_package(self.folder / "unseen.xlsx", workbook([("Unseen", "visible", f"<sheetData>{cells}</sheetData>")],
+                                                            f"<si><t>{'x' * 8_000_000}</t></si>", styles))
+        outcome = self.expect(0, "import", "unseen.xlsx", timeout=15 * allowance(PROGRAM).time)
+        self.assertNotIn(b"begins", outcome.stdout)
 
     def test_summary_of_empty_sheets_shows_no_cells(self):
         self.assertNotIn("begins", self.summary_of(("Empty", "visible", "<sheetData><row><c/></row></sheetData>")))

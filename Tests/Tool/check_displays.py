@@ -88,7 +88,7 @@ def shortest(value):
 
 def has_date(code):
     bare = re.sub(r'"[^"]*"|\\.|\[[^\]]*\]', "", code.split(";")[0])
-    return DATE_PARTS.search(re.sub("General|E[+-]|AM/PM|h+:?mm?|mm?:s", "", bare, flags=re.IGNORECASE)) is not None
+    return DATE_PARTS.search(re.sub("General|E[+-]|AM/PM|h+[^a-z]*m+|m+[^a-z]*s", "", bare, flags=re.IGNORECASE)) is not None
 
 
 def is_alike(ours, theirs):

@@ -27,13 +27,13 @@ std::string makeFormula(std::size_t size)
     return text;
 }
 
-/// The same depth and length as parentheses within each other.
+/// As many characters of calls within each other, five for each.
 std::string makeNested(std::size_t size)
 {
+    const std::size_t depth = size / 5;
     std::string text;
-    while (text.size() < size / 2)
+    for (std::size_t i = 0; i < depth; ++i)
         text += "F(1,";
-    const std::size_t depth = text.size() / 4;
     return text + "2" + std::string(depth, ')');
 }
 

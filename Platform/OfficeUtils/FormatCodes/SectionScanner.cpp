@@ -24,18 +24,18 @@ struct LetterRun
 {
     char letter;
     TokenKind kind;
-    std::size_t lengths[5]; // by the number of letters, of which the last goes on
+    std::size_t lengths[6]; // by the number of letters, of which the last goes on
 };
 
 const LetterRun LetterRuns[] = {
-    {'d', TokenKind::Day,          {1, 2, 3, 4, 4}},
-    {'m', TokenKind::Month,        {1, 2, 3, 4, 5}},
-    {'y', TokenKind::Year,         {2, 2, 4, 4, 4}},
-    {'h', TokenKind::Hour,         {1, 2, 2, 2, 2}},
-    {'s', TokenKind::Second,       {1, 2, 2, 2, 2}},
-    {'g', TokenKind::Era,          {1, 2, 3, 3, 3}},
-    {'e', TokenKind::EraYear,      {1, 2, 2, 2, 2}},
-    {'b', TokenKind::BuddhistYear, {2, 2, 4, 4, 4}},
+    {'d', TokenKind::Day,          {1, 2, 3, 4, 4, 4}},
+    {'m', TokenKind::Month,        {1, 2, 3, 4, 5, 4}},
+    {'y', TokenKind::Year,         {2, 2, 4, 4, 4, 4}},
+    {'h', TokenKind::Hour,         {1, 2, 2, 2, 2, 2}},
+    {'s', TokenKind::Second,       {1, 2, 2, 2, 2, 2}},
+    {'g', TokenKind::Era,          {1, 2, 3, 3, 3, 3}},
+    {'e', TokenKind::EraYear,      {1, 2, 2, 2, 2, 2}},
+    {'b', TokenKind::BuddhistYear, {2, 2, 4, 4, 4, 4}},
 };
 
 struct ComparisonName
@@ -113,14 +113,15 @@ std::size_t getCharacterSize(boost::string_ref text)
     return isWhole ? size : 0;
 }
 
-/// The identifier of a language with a name, as "de-DE".
+/// The identifier of a language with a name (BCP 47), as "de-DE".
 boost::optional<unsigned long> findLanguage(const std::string& name)
 {
     UErrorCode status = U_ZERO_ERROR;
     char locale[ULOC_FULLNAME_CAPACITY];
     std::int32_t length = 0;
     uloc_forLanguageTag(name.c_str(), locale, static_cast<std::int32_t>(std::size(locale)), &length, &status);
-    if (U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING || length <= 0)
+    const bool isWhole = static_cast<std::size_t>(std::max(length, 0)) == name.size();
+    if (U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING || name.empty() || !isWhole)
         return boost::none;
     const std::uint32_t language = uloc_getLCID(locale);
     return language == 0 ? boost::none : boost::optional<unsigned long>(language);
@@ -133,10 +134,14 @@ std::pair<boost::optional<unsigned long>, bool> readLanguage(boost::string_ref t
         return {0xF800UL, false};
     if (equalsIgnoringCase(text, "x-systime"))
         return {0xF400UL, false};
-    if (text.empty())
-        return {boost::none, false};
-    if (text.size() > LanguageDigitsMax || !std::all_of(text.begin(), text.end(), isHexDigit))
-        return {findLanguage(std::string(text.begin(), text.end())), false};
+    const bool isNumber =
+        !text.empty() && text.size() <= LanguageDigitsMax &&
+        std::all_of(text.begin(), text.end(), isHexDigit) &&
+        (text.size() > 3 || std::any_of(text.begin(), text.end(), isDigit)); // "de" is a name
+    if (!isNumber) {
+        const boost::string_ref name = text.substr(0, text.find(',')); // the shapes of digits follow
+        return {findLanguage(std::string(name.begin(), name.end())), false};
+    }
     return {strToUlong(std::string(text.begin(), text.end()), nullptr, 16), true};
 }
 
@@ -374,8 +379,7 @@ bool SectionScanner::readLetters(char letter)
     for (const LetterRun& run : LetterRuns) {
         if (run.letter != letter)
             continue;
-        const bool isLongMonth = letter == 'm' && count > 5; // the initial has five letters alone
-        const std::size_t length = isLongMonth ? 4 : run.lengths[std::min<std::size_t>(count, 5) - 1];
+        const std::size_t length = run.lengths[std::min(count, std::size(run.lengths)) - 1];
         add(letter == 'd' && length > 2 ? Kind::Weekday : run.kind, std::string(length, letter));
         _position += count;
         return true;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <iterator>
 #include <map>
+#include <sstream>
 #include <string>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include <unicode/locid.h>
 #include <unicode/uloc.h>
 #include <unicode/unistr.h>
+#include <unicode/uscript.h>
 
 #include <OfficeUtils/Formatting/DateTimeText.h>
 
@@ -34,9 +36,12 @@ void takeNames(
     }
 }
 
-bool isASCII(const std::string& text)
+/// Whether a text begins with a letter of a script other than Latin.
+bool isForeign(const icu::UnicodeString& text)
 {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    UErrorCode status = U_ZERO_ERROR;
+    const UScriptCode script = uscript_getScript(text.char32At(0), &status);
+    return U_SUCCESS(status) && script != USCRIPT_LATIN && script != USCRIPT_COMMON;
 }
 
 // The name of a month has another form beside a day in many languages.
@@ -59,17 +64,33 @@ std::shared_ptr<const DateNames> makeNames(const icu::Locale& locale, bool isBes
     found = symbols.getWeekdays(count, Symbols::STANDALONE, Symbols::ABBREVIATED);
     takeNames(names->shortWeekdays, found, count, 1);
     found = symbols.getAmPmStrings(count);
-    takeNames(names->dayParts, found, count, 0);
-    for (std::string& name : names->dayParts)
-        if (isASCII(name))
-            name.clear();
+    if (count >= 2 && isForeign(found[0]) && isForeign(found[1]))
+        takeNames(names->dayParts, found, count, 0);
+    return names;
+}
+
+template <std::size_t Size>
+void takeWords(std::string (&names)[Size], std::istringstream words)
+{
+    for (std::string& name : names)
+        words >> name;
+}
+
+std::shared_ptr<const DateNames> makeEnglishNames()
+{
+    auto names = std::make_shared<DateNames>();
+    takeWords(names->months, std::istringstream("January February March April May June July August September "
+                                                "October November December"));
+    takeWords(names->shortMonths, std::istringstream("Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec"));
+    takeWords(
+        names->weekdays, std::istringstream("Sunday Monday Tuesday Wednesday Thursday Friday Saturday"));
+    takeWords(names->shortWeekdays, std::istringstream("Sun Mon Tue Wed Thu Fri Sat"));
     return names;
 }
 
 std::shared_ptr<const DateNames> getEnglishNames()
 {
-    static const auto made = makeNames(icu::Locale::getUS(), true);
-    static const auto names = made ? made : std::make_shared<const DateNames>(); // without ICU's data
+    static const std::shared_ptr<const DateNames> names = makeEnglishNames();
     return names;
 }
 

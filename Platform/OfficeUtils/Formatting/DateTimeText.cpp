@@ -120,14 +120,17 @@ struct Contents
     {
         for (const Token& token : rule.getTokens()) {
             const TokenKind kind = token.kind;
-            hasDate = hasDate || (TokenKind::Weekday <= kind && kind <= TokenKind::Year) ||
-                      (TokenKind::Era <= kind && kind <= TokenKind::BuddhistYear);
+            const bool isEra = kind == TokenKind::Era || kind == TokenKind::EraYear;
+            hasEra = hasEra || isEra;
+            hasDate = hasDate || isEra || (TokenKind::Weekday <= kind && kind <= TokenKind::Year) ||
+                      kind == TokenKind::BuddhistYear;
             hasElapsed = hasElapsed || (TokenKind::ElapsedHours <= kind && kind <= TokenKind::ElapsedSeconds);
             hasDayPart = hasDayPart || kind == TokenKind::DayPart;
         }
     }
 
     bool hasDate = false;
+    bool hasEra = false;
     bool hasElapsed = false;
     bool hasDayPart = false;
 };
@@ -151,16 +154,19 @@ std::size_t getFirstCharacterSize(const std::string& text)
 class DateTimeWriter
 {
 public:
-    DateTimeWriter(const DateTime& value, const Rule& rule, const Contents& contents, DateSystem system,
-        const DateNames& names)
+    /// @param elapsed the same without its sign, which hours, minutes and seconds show beside an elapsed time
+    DateTimeWriter(const DateTime& value, const DateTime& elapsed, const Rule& rule, const Contents& contents,
+        DateSystem system, const DateNames& names)
         : _value(value)
+        , _elapsed(contents.hasElapsed ? elapsed : value)
         , _date(contents.hasDate ? makeDate(value.serial, system) : Date{})
         , _names(names)
-        , _language(rule.getLanguage().value_or(0))
         , _system(system)
         , _fractionDigits(getFractionDigits(rule).value_or(0))
         , _hasDayPart(contents.hasDayPart)
     {
+        if (contents.hasEra)
+            _era = findEra(rule.getLanguage().value_or(0));
     }
 
     void write(const Token& token, std::string& text) const
@@ -202,18 +208,21 @@ private:
         }
     }
 
+    boost::optional<EraYear> findEra(unsigned long language) const
+    {
+        constexpr std::int64_t Day0Of1970 = 719468;
+        const bool isDay0 = _system == DateSystem::From1900 && _value.serial == 0; // which is in January 1900
+        return findEraYear(countDays(isDay0 ? 1 : _value.serial, _system) - Day0Of1970, language);
+    }
+
     /// The Gregorian era is not shown.
     void writeEra(const Token& token, std::string& text) const
     {
-        constexpr std::int64_t Day0Of1970 = 719468;
-        const auto era = findEraYear(countDays(_value.serial, _system) - Day0Of1970, _language);
         const std::size_t width = token.text.size();
         if (token.kind == TokenKind::EraYear)
-            appendPadded(era ? era->year : _date.year, width, text);
-        else if (era && width == 1)
-            text += era->initial;
-        else if (era)
-            text.append(era->name, 0, width == 2 ? getFirstCharacterSize(era->name) : std::string::npos);
+            appendPadded(_era ? _era->year : _date.year, width, text);
+        else if (_era)
+            text += width == 1 ? _era->initial : width == 2 ? _era->shortName : _era->name;
     }
 
     void writeMonth(std::size_t width, std::string& text) const
@@ -233,7 +242,7 @@ private:
     void writeTime(const Token& token, std::string& text) const
     {
         const std::int64_t elapsed =
-            _value.serial * static_cast<std::int64_t>(SecondsPerDay) + _value.seconds;
+            _elapsed.serial * static_cast<std::int64_t>(SecondsPerDay) + _elapsed.seconds;
         const std::size_t width = token.text.size();
         const std::size_t elapsedWidth = width > 2 ? width - 2 : 1; // without brackets
         switch (token.kind) {
@@ -241,14 +250,14 @@ private:
             appendPadded(_hasDayPart ? (getHour() + 11) % 12 + 1 : getHour(), width, text);
             break;
         case TokenKind::Minute:
-            appendPadded(_value.seconds / 60 % 60, width, text);
+            appendPadded(_elapsed.seconds / 60 % 60, width, text);
             break;
         case TokenKind::Second:
-            appendPadded(_value.seconds % 60, width, text);
+            appendPadded(_elapsed.seconds % 60, width, text);
             break;
         case TokenKind::SecondFraction: {
             std::string digits;
-            appendPadded(_value.fraction, static_cast<std::size_t>(_fractionDigits), digits);
+            appendPadded(_elapsed.fraction, static_cast<std::size_t>(_fractionDigits), digits);
             text += '.' + digits.substr(0, width - 1);
             break;
         }
@@ -285,9 +294,10 @@ private:
     std::int64_t getHour() const { return _value.seconds / 3600; }
 
     DateTime _value;
+    DateTime _elapsed;
     Date _date;
+    boost::optional<EraYear> _era;
     const DateNames& _names;
-    unsigned long _language;
     DateSystem _system;
     int _fractionDigits;
     bool _hasDayPart;
@@ -301,13 +311,15 @@ boost::optional<std::string> formatDateTime(
     const Contents contents(rule);
     if (!(std::fabs(serial) < DaysMax))
         return boost::none;
-    const bool hasSign = contents.hasElapsed && serial < 0;
-    const DateTime value = round(hasSign ? -serial : serial, getFractionDigits(rule));
+    const auto digits = getFractionDigits(rule);
+    const DateTime value = round(serial, digits);
     if (contents.hasDate && !hasDay(value.serial, system))
         return boost::none;
-    const DateTimeWriter writer(value, rule, contents, system, names);
+    const DateTime elapsed = round(std::fabs(serial), digits);
+    const bool isZero = elapsed.serial == 0 && elapsed.seconds == 0 && elapsed.fraction == 0;
+    const DateTimeWriter writer(value, elapsed, rule, contents, system, names);
     std::string text;
-    if (hasSign)
+    if (contents.hasElapsed && serial < 0 && !isZero)
         text += '-';
     for (const Token& token : rule.getTokens())
         writer.write(token, text);

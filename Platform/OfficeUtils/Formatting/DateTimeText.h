@@ -20,16 +20,18 @@ struct DateNames
     std::string shortMonths[12];
     std::string weekdays[7];
     std::string shortWeekdays[7];
-    std::string dayParts[2]; // morning and afternoon, where they have a script of their own; else empty
+    std::string dayParts[2]; // morning and afternoon, where they are not in Latin script; else empty
 };
 
 /// The names in the language of a section. English where the section names none, or one that is not known.
 std::shared_ptr<const DateNames> findDateNames(const DOM::CellFormatModel::Rule& rule);
 
-/// Days before the first of the date system are counted back, in the Gregorian calendar. Elapsed times have a
-/// sign, and other times are those of their day: half a day before a day begins is noon of the one before.
+/// Days before the first of the date system are counted back, in the Gregorian calendar. A section with
+/// elapsed time shows its sign, and the minutes and seconds that go with it; other times are those of their
+/// day: six hours before a day begins it is 18:00 of the one before.
 ///
-/// @return nothing for a day before the year 1 or after 9999, where the section shows days
+/// @return nothing for a day before the year 1 or after 9999 where the section shows days, and for 1e14 days
+///     and more
 boost::optional<std::string> formatDateTime(
     double serial, const DOM::CellFormatModel::Rule& rule, DOM::DateSystem system, const DateNames& names);
 

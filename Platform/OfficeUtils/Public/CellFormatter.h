@@ -31,10 +31,11 @@ struct DisplayedValue
 /// A number that no section is for is shown as it is.
 ///
 /// Seconds are rounded where they are shown, hours and minutes are cut. Where days count from 1900, that year
-/// has a 29th of February and day 0 is "1900-01-00", as in the programs that write workbooks. Days before are
-/// counted back from 1899-12-30 (or from the first of 1904), as ISO/IEC 29500-1, 18.17.4.1 has it. Elapsed
-/// times have a sign. Dates before the year 1 and after 9999 are "########". Names of months and days follow
-/// the section's locale, and so do the years of an era ("e", "g") in Japanese and in Chinese of Taiwan.
+/// has a 29th of February, and day 0, which is 1899-12-30 by the count of later days, is "1900-01-00", as in
+/// the programs that write workbooks. Days before the first are counted back. Elapsed times have a sign.
+/// Dates before the year 1 and after 9999 are "########", and so are times of 1e14 days and more. Names of
+/// months and days follow the section's locale; so do the years of an era ("e", "g") in Japanese from 1868 on
+/// and in Chinese of Taiwan, and "AM/PM" in languages with a script other than Latin.
 ///
 /// Making one is the dear part: keep it for all cells of a format. Several threads may share one.
 class OFFICEUTILS_API CellFormatter

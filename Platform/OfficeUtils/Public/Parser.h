@@ -19,6 +19,7 @@ class LocaleContext;
 ///     CONDITION ::= "[" ("<" | "<=" | "=" | "<>" | ">=" | ">") NUMBER "]"    not in the third, nor for texts
 ///     COLOR     ::= "[" ("Black" | "White" | "Red" | "Green" | "Blue" | "Yellow" | "Magenta" | "Cyan") "]"
 ///                 | "[Color" N "]"                                           N from 1 to 56
+///     LOCALE    ::= a locale identifier in hexadecimal digits | a language tag ("de-DE") ("," N)?
 ///     PIECE     ::= '"' TEXT '"' | "\" CHARACTER | "_" CHARACTER | "*" CHARACTER
 ///                 | "[$" SYMBOL ("-" LOCALE)? "]" | "[DBNum" N "]"
 ///                 | "General" | "@"
@@ -27,9 +28,10 @@ class LocaleContext;
 ///                 | "[h]" | "[m]" | "[s]" | "AM/PM" | "A/P" | "g"{1,3} | "e"{1,2} | "bb" | "bbbb"
 ///                 | CHARACTER                                                any other one stands for itself
 ///
-/// Words and letters go in any case. A section has either digits, or parts of a date and time, or "General",
-/// or "@". "m" beside hours or seconds is minutes. A comma between digits groups thousands, one after them
-/// divides by 1000.
+/// Words and letters go in any case, and runs of more letters than these are the longest of them; six and
+/// more "m" are four. A section has either digits, or parts of a date and time, or "General", or "@". "m"
+/// beside hours or seconds is minutes. A comma between digits groups thousands, one after them divides by
+/// 1000.
 class OFFICEUTILS_API Parser
 {
 public:
@@ -55,7 +57,7 @@ public:
     static std::string toRegEx(const DOM::CellFormatModel::Expression& expression, ParserType type);
 
     /// What a date or time looks like in a locale, as a code that both dialects read:
-    /// "dddd\,\ mmmm\ dd\,\ yyyy". Empty for an expression without items.
+    /// "dddd\,\ mmmm\ d\,\ yyyy". Empty for an expression without items.
     ///
     /// Throws std::runtime_error where ICU has no patterns to offer, as without its data.
     static std::string toRegEx(

@@ -207,7 +207,7 @@ TEST_F(NumberFormatsImport, KnowsTheFormatsOfApplications)
         {"59", "0",                                         "-1235"          },
         {"67", "0%",                                        "-123457%"       },
         {"72", "mm-dd-yy",                                  "8/12/1896"      },
-        {"81", "mmss.0",                                    "2331.2"         },
+        {"81", "mmss.0",                                    "23:31.2"        },
         {"37", "#,##0_);(#,##0)",                           "(1,235)"        },
         {"48", "##0.0E+0",                                  "-1.2E+3"        },
         {"49", "@",                                         "-1234.567"      },
@@ -222,13 +222,25 @@ TEST_F(NumberFormatsImport, KnowsTheFormatsOfApplications)
     }
 }
 
-TEST_F(NumberFormatsImport, NoneOfTheFormatsOfApplicationsIsInvalid)
+TEST_F(NumberFormatsImport, EachOfTheFormatsOfApplicationsIsValid)
 {
+    std::vector<int> ids;
+    for (int id = 1; id < 82; ++id)
+        if (id < 23 || id > 26)
+            ids.push_back(id);
     std::string formats = "<xf/>";
-    for (int id = 0; id < 82; ++id)
-        formats += "<xf numFmtId='" + std::to_string(id) + "'/>";
-    importFormats("", formats, "<c><v>1</v></c>");
+    std::string cells;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        formats += "<xf numFmtId='" + std::to_string(ids[i]) + "'/>";
+        cells += "<c s='" + std::to_string(i + 1) + "'><v>1</v></c>";
+    }
+    importFormats("", formats, cells);
     EXPECT_THAT(listMessages(), IsEmpty());
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        const DOM::CellFormat* const format = findFormat(i);
+        ASSERT_NE(format, nullptr) << ids[i];
+        EXPECT_TRUE(format->getExpression()) << ids[i];
+    }
 }
 
 } // namespace
