@@ -152,8 +152,8 @@ XMLPlainReader::Place XMLPlainReader::getPlace() const
         const std::size_t end = hasReturns ? passed.find_first_of("\r\n") : passed.find('\n');
         if (end == std::string_view::npos)
             break;
-        const bool isHalf =
-            passed[end] == '\r' && passed.data() + end + 1 != windowEnd() && passed.data()[end + 1] == '\n';
+        const char* const next = passed.data() + end + 1; // which may be the first that was not passed
+        const bool isHalf = passed[end] == '\r' && next != windowEnd() && *next == '\n';
         passed.remove_prefix(end + 1);
         if (!isHalf)
             place = {place.line + 1, 1};

@@ -1,6 +1,8 @@
 #include <Formulas/Public/FormulaText.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <utility>
 
 #include <boost/optional.hpp>
@@ -72,12 +74,13 @@ private:
             _stack.openParentheses();
             return true;
         }
-        for (const char sign : {'-', '+', '@'})
-            if (_scanner.skip(sign)) {
-                _stack.pushPrefix(sign);
-                return true;
-            }
-        return false;
+        const char signs[] = {'-', '+', '@'};
+        const char* const sign =
+            std::find_if(std::begin(signs), std::end(signs), [this](char c) { return _scanner.skip(c); });
+        if (sign == std::end(signs))
+            return false;
+        _stack.pushPrefix(*sign);
+        return true;
     }
 
     /// What may follow an operand, any number of times.

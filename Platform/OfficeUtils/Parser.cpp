@@ -1,5 +1,6 @@
 #include <OfficeUtils/Public/Parser.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -36,11 +37,10 @@ bool showsNoNumber(const Rule& rule)
 {
     if (rule.getKind() == Rule::Kind::Text || rule.getKind() == Rule::Kind::General)
         return true;
-    for (const Token& token : rule.getTokens())
-        if (token.kind != TokenKind::Literal && token.kind != TokenKind::Skip &&
-            token.kind != TokenKind::Fill && token.kind != TokenKind::Mark)
-            return false;
-    return true;
+    return std::all_of(rule.getTokens().begin(), rule.getTokens().end(), [](const Token& token) {
+        return token.kind == TokenKind::Literal || token.kind == TokenKind::Skip ||
+               token.kind == TokenKind::Fill || token.kind == TokenKind::Mark;
+    });
 }
 
 /// Takes the section for texts off the end.
@@ -52,10 +52,8 @@ bool takeTextRule(std::vector<Rule>& rules, boost::optional<Rule>& textRule)
         textRule = std::move(rules.back());
         rules.pop_back();
     }
-    for (const Rule& rule : rules)
-        if (rule.getKind() == Rule::Kind::Text)
-            return false;
-    return true;
+    return std::none_of(
+        rules.begin(), rules.end(), [](const Rule& rule) { return rule.getKind() == Rule::Kind::Text; });
 }
 
 /// Says what sections for numbers leave unsaid: the first of two is for all but negative numbers, the first

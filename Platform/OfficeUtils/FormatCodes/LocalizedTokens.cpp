@@ -47,16 +47,16 @@ const char* getSkeleton(const DateTimePatternItem& item, bool hasMonthName)
     return "";
 }
 
+using GeneratorPtr = std::shared_ptr<icu::DateTimePatternGenerator>;
+
 // Making one takes long, and most callers ask for the same locale again. Null where ICU has no data.
-icu::DateTimePatternGenerator* getGenerator(const std::string& locale, UErrorCode& status)
+GeneratorPtr getGenerator(const std::string& locale, UErrorCode& status)
 {
-    thread_local std::string name;
-    thread_local std::unique_ptr<icu::DateTimePatternGenerator> generator;
-    if (!generator || name != locale) {
-        generator.reset(icu::DateTimePatternGenerator::createInstance(icu::Locale(locale.c_str()), status));
-        name = locale;
-    }
-    return generator.get();
+    thread_local std::pair<std::string, GeneratorPtr> kept;
+    if (!kept.second || kept.first != locale)
+        kept = {locale,
+            GeneratorPtr(icu::DateTimePatternGenerator::createInstance(icu::Locale(locale.c_str()), status))};
+    return kept.second;
 }
 
 icu::UnicodeString findPattern(const DateTimePatternItemSet& items, const LocaleContext& context)
@@ -67,7 +67,7 @@ icu::UnicodeString findPattern(const DateTimePatternItemSet& items, const Locale
     for (const DateTimePatternItem& item : items)
         skeleton += icu::UnicodeString(getSkeleton(item, hasMonthName), -1, US_INV);
     UErrorCode status = U_ZERO_ERROR;
-    icu::DateTimePatternGenerator* const generator = getGenerator(context.getName(), status);
+    const GeneratorPtr generator = getGenerator(context.getName(), status);
     icu::UnicodeString pattern;
     if (generator && U_SUCCESS(status))
         pattern = generator->getBestPattern(skeleton, status);

@@ -157,10 +157,9 @@ bool resolveFraction(Tokens& tokens, bool& isFraction)
             if (i > 0 && (tokens[i - 1].kind == Kind::Digit || tokens[i - 1].kind == Kind::Denominator))
                 return false; // digits that are placeholders and digits that are shown, side by side
             tokens[i].kind = Kind::Literal;
-        } else if (tokens[i].kind == Kind::Denominator && tokens[i].text.size() > DenominatorDigitsMax) {
-            return false;
-        } else if (tokens[i].kind == Kind::Digit && i > 0 && tokens[i - 1].kind == Kind::Denominator) {
-            return false;
+        } else if (tokens[i].kind == Kind::Denominator) {
+            if (tokens[i].text.size() > DenominatorDigitsMax || isAt(tokens, i + 1, Kind::Digit))
+                return false;
         }
     }
     return true;

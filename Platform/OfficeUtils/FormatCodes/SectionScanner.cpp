@@ -330,13 +330,13 @@ bool SectionScanner::readNumberSign()
         {"/",   Kind::FractionBar    },
         {"@",   Kind::TextPlaceholder},
     };
-    for (const auto& sign : signs)
-        if (boost::string_ref(sign.first).find(c) != boost::string_ref::npos) {
-            add(sign.second, std::string(1, c));
-            ++_position;
-            return true;
-        }
-    return false;
+    const auto* const sign = std::find_if(std::begin(signs), std::end(signs),
+        [c](const auto& row) { return boost::string_ref(row.first).find(c) != boost::string_ref::npos; });
+    if (sign == std::end(signs))
+        return false;
+    add(sign->second, std::string(1, c));
+    ++_position;
+    return true;
 }
 
 bool SectionScanner::readWord()
@@ -376,15 +376,14 @@ bool SectionScanner::readLetters(char letter)
         _position += 2;
         return true;
     }
-    for (const LetterRun& run : LetterRuns) {
-        if (run.letter != letter)
-            continue;
-        const std::size_t length = run.lengths[std::min(count, std::size(run.lengths)) - 1];
-        add(letter == 'd' && length > 2 ? Kind::Weekday : run.kind, std::string(length, letter));
-        _position += count;
-        return true;
-    }
-    return false;
+    const LetterRun* const run = std::find_if(std::begin(LetterRuns), std::end(LetterRuns),
+        [letter](const LetterRun& row) { return row.letter == letter; });
+    if (run == std::end(LetterRuns))
+        return false;
+    const std::size_t length = run->lengths[std::min(count, std::size(run->lengths)) - 1];
+    add(letter == 'd' && length > 2 ? Kind::Weekday : run->kind, std::string(length, letter));
+    _position += count;
+    return true;
 }
 
 bool SectionScanner::readLiteral()

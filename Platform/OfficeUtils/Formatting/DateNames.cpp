@@ -116,11 +116,10 @@ std::shared_ptr<const DateNames> findNames(const std::string& locale, bool isBes
 
 bool showsNames(const Rule& rule)
 {
-    for (const Token& token : rule.getTokens())
-        if (token.kind == TokenKind::Weekday || token.kind == TokenKind::DayPart ||
-            (token.kind == TokenKind::Month && token.text.size() > 2))
-            return true;
-    return false;
+    return std::any_of(rule.getTokens().begin(), rule.getTokens().end(), [](const Token& token) {
+        return token.kind == TokenKind::Weekday || token.kind == TokenKind::DayPart ||
+               (token.kind == TokenKind::Month && token.text.size() > 2);
+    });
 }
 
 } // namespace
