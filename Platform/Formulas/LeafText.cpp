@@ -142,8 +142,9 @@ private:
             place += ':' + *secondName;
         if (place.empty())
             return {};
-        const bool isPlain =
-            isPlainDocument(document) && isPlainOrNone(*firstName) && isPlainOrNone(*secondName);
+        const bool isLikeColumns = !secondName->empty() && readColumn(*firstName); // behind a ":"
+        const bool isPlain = !isLikeColumns && isPlainDocument(document) && isPlainOrNone(*firstName) &&
+                             isPlainOrNone(*secondName);
         return (isPlain ? place : quote(place, '\'')) + '!';
     }
 

@@ -101,7 +101,7 @@ private:
             ++parentheses;
             core = core->getChildren().front().get();
         }
-        if (needsParentheses(*core, place, _names))
+        if (needsParentheses(*core, place))
             ++parentheses;
         _text.append(parentheses, '(');
         if (parentheses > 0)

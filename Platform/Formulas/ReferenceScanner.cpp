@@ -82,6 +82,14 @@ boost::optional<bool> readTruth(boost::string_ref word)
     return boost::make_optional(equalWithoutCase(word, "FALSE"), false);
 }
 
+boost::optional<ColumnIndex> readColumn(boost::string_ref word)
+{
+    const auto column = Utils::convertAlphaIndexToIndex(word);
+    if (!column || ColumnIndex(*column) > MaxColumnIndex)
+        return boost::none;
+    return ColumnIndex(*column);
+}
+
 bool isPlainTableName(boost::string_ref name)
 {
     return !name.empty() && !isDigit(name.front()) && name.front() != '.' &&
@@ -138,12 +146,15 @@ boost::optional<ScannedPlace> ReferenceScanner::scanPlainPlace()
     ScannedPlace place;
     const auto document = scanDocument();
     place.document = document.value_or(std::string());
+    const bool isCell = !document && isCellNext();
     const auto first = scanTableName();
     if (!first)
         return boost::make_optional(document.has_value(), place);
     place.firstTable = *first;
     if (!skip(':'))
         return place;
+    if (isCell)
+        return boost::none; // "A1:Sheet2!B2" begins in the formula's own table
     const auto second = scanTableName();
     if (!second)
         return boost::none;
@@ -226,12 +237,26 @@ boost::optional<std::string> ReferenceScanner::scanQuoted()
     return boost::none;
 }
 
+bool ReferenceScanner::isTableNext() const
+{
+    ReferenceScanner copy = *this;
+    return copy.scanTableName() && copy.skip('!');
+}
+
+bool ReferenceScanner::isCellNext() const
+{
+    ReferenceScanner copy = *this;
+    const auto end = copy.scanEnd();
+    return end && end->column && end->row;
+}
+
+// "LOG10(" is no cell, nor is "B2!".
 bool ReferenceScanner::isInsideWord() const
 {
     if (_rest.empty())
         return false;
     const char next = _rest.front();
-    return isNameCharacter(next) || next == '$' || next == '(' || next == '['; // "LOG10(" is no cell
+    return isNameCharacter(next) || boost::string_ref("$([!").find(next) != boost::string_ref::npos;
 }
 
 boost::optional<ScannedEnd> ReferenceScanner::scanEnd()
@@ -253,11 +278,11 @@ boost::optional<ColumnAxisIndex> ReferenceScanner::scanColumn()
     const std::size_t size = countFront(text, isLetter);
     if (size == 0 || size > MaxColumnLetters)
         return boost::none;
-    const auto column = Utils::convertAlphaIndexToIndex(text.substr(0, size));
-    if (!column || ColumnIndex(*column) > MaxColumnIndex)
+    const auto column = readColumn(text.substr(0, size));
+    if (!column)
         return boost::none;
     _rest = text.substr(size);
-    return ColumnAxisIndex(ColumnIndex(*column), isAbsolute);
+    return ColumnAxisIndex(*column, isAbsolute);
 }
 
 boost::optional<RowAxisIndex> ReferenceScanner::scanRow()

@@ -1,6 +1,7 @@
 #include <Formulas/Public/FormulaText.h>
 
 #include <cmath>
+#include <cstddef>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -119,12 +120,32 @@ const FormulaRow FormulaRows[] = {
     {"RangeToCall",               "A1:INDEX(B2)",              "between{" A_1 "INDEX(){" B_2 "}}",                         nullptr                   },
     {"RangeToCallLikeColumn",     "A:ABS(1)",                  "between{label{||A}ABS(){" ONE "}}",                        nullptr                   },
     {"RangeOnTables",             "Sheet1!A1:Sheet1!B2",       "between{cell{|Sheet1|c0 r0}cell{|Sheet1|c1 r1}}",          nullptr                   },
+    {"RangeToTable",              "A1:Sheet2!B2",              "between{cell{||c0 r0}cell{|Sheet2|c1 r1}}",                nullptr                   },
+    {"RangeToQuotedTable",        "A1:'My sheet'!B2",          "between{cell{||c0 r0}cell{|My sheet|c1 r1}}",              nullptr                   },
+    {"RangeToNameOnTable",        "A1:Sheet2!Rate",            "between{cell{||c0 r0}label{|Sheet2|Rate}}",                nullptr                   },
+    {"RangeToTableLikeCell",      "A1:B2!C3",                  "between{cell{||c0 r0}cell{|B2|c2 r2}}",                    "A1:'B2'!C3"              },
+    {"RangeFromTableToTable",     "Sheet1!A:B!C3",             "between{label{|Sheet1|A}cell{|B|c2 r2}}",                  nullptr                   },
+    {"RangeToTablesLikeColumn",   "S!A:'B:S'!C3",              "between{label{|S|A}range{|B|S|c2-2 r2-2}}",                nullptr                   },
+    {"RangeToCallOnTable",        "A1:Sheet2!F()",             "between{cell{||c0 r0}Sheet2!F(){}}",                       nullptr                   },
     {"RangeOfNames",              "First:Last",                "between{label{||First}label{||Last}}",                     nullptr                   },
     {"RangeOfThree",              "A1:B2:C3",                  "between{range{|||c0-1 r0-1}cell{||c2 r2}}",                nullptr                   },
     {"RangeOfParentheses",        "(A1):B2",                   "between{" A_1 B_2 "}",                                     nullptr                   },
     {"RangeWithOtherParentheses", "A1:(B2)",                   "between{" A_1 "list{" B_2 "}}",                            nullptr                   },
     {"RangeWithBlanks",           "A1 : B2",                   "range{|||c0-1 r0-1}",                                      "A1:B2"                   },
     {"RangeOfColumnsWithBlanks",  "A : C",                     "range{|||c0-2 rall}",                                      "A:C"                     },
+    {"RangeOfRowsWithBlanks",     "1 : 3",                     "range{|||call r0-2}",                                      "1:3"                     },
+    {"RangeOnTableWithBlanks",    "Sheet1!A1 : B$2",           "range{|Sheet1||c0-1 r0-=1}",                               "Sheet1!A1:B$2"           },
+    {"RangeOnTablesWithBlanks",   "Sa:Sc!A1 : B2",             "range{|Sa|Sc|c0-1 r0-1}",                                  "'Sa:Sc'!A1:B2"           },
+    {"RangeToTableWithBlanks",    "A1 : Sheet2!B2",            "between{cell{||c0 r0}cell{|Sheet2|c1 r1}}",                "A1:Sheet2!B2"            },
+    {"RangeOfFormsWithBlanks",    "A1 : C",                    "between{cell{||c0 r0}label{||C}}",                         "A1:C"                    },
+    {"RangeToRangeWithBlanks",    "A1 : B2:C3",                "between{cell{||c0 r0}range{|||c1-2 r1-2}}",                "(A1):B2:C3"              },
+    {"RangeToColumnsWithBlanks",  "A : B:C",                   "between{label{||A}range{|||c1-2 rall}}",                   "(A):B:C"                 },
+    {"RangeFromNameToTable",      "(Sheet1):Sheet2!A1",        "between{label{||Sheet1}cell{|Sheet2|c0 r0}}",              nullptr                   },
+    {"RangeFromNameToCall",       "(Sheet1):'My sheet'!F()",   "between{label{||Sheet1}'My sheet'!F(){}}",                 nullptr                   },
+    {"RangeFromNameOnTable",      "S!Sheet1:Sheet2!A1",        "between{label{|S|Sheet1}cell{|Sheet2|c0 r0}}",             nullptr                   },
+    {"RangeFromNameToDocument",   "Sheet1:[1]Sheet2!A1",       "between{label{||Sheet1}cell{b.xlsx|Sheet2|c0 r0}}",
+     nullptr                                                                                                                                         },
+    {"RangeFromParentheses",      "F():(A1):B2",               "between{between{F(){}list{" A_1 "}}" B_2 "}",              nullptr                   },
     {"RangeAfterCallWithBlanks",  "F():A1 :B2",                "between{between{F(){}" A_1 "}" B_2 "}",                    "(F():A1):B2"             },
     {"Rows",                      "SUM(1:3)",                  "SUM(){range{|||call r0-2}}",                               nullptr                   },
     {"Intersection",              "A1:B2 B2",                  "both{range{|||c0-1 r0-1}" B_2 "}",                         nullptr                   },
@@ -169,6 +190,8 @@ const FormulaRow FormulaRows[] = {
 };
 
 const DocumentList Documents = {"b.xlsx", "file:///c d.xlsx"};
+
+const DocumentList OddDocuments = {"0", "a[1].xlsx", "2019", "it's.xlsx"};
 
 class ParseFormula : public testing::TestWithParam<FormulaRow>
 {
@@ -216,6 +239,22 @@ TEST(ParseFormulaMarks, SayWhatTheTreeHasNoKindsFor)
     EXPECT_EQ(has("[3]Sheet1!A1+1"), std::make_pair(false, true));
     EXPECT_EQ(has("[3]!Rate"), std::make_pair(false, true));
     EXPECT_EQ(has("[99999999999999999999]!Rate"), std::make_pair(false, true));
+}
+
+TEST(ParseFormulaDocuments, MayHaveAnyNamesInRangesWithBlanks)
+{
+    for (std::size_t i = 1; i <= OddDocuments.size(); ++i) {
+        const std::string first = '[' + std::to_string(i) + "]S!A1";
+        const auto range = parseFormula(first + " : B2", OddDocuments);
+        ASSERT_TRUE(range);
+        EXPECT_EQ(describeTree(range->formula), "range{" + OddDocuments[i - 1] + "|S||c0-1 r0-1}");
+        EXPECT_EQ(toText(range->formula, TableContext(), OddDocuments), first + ":B2");
+
+        const std::string needless = '(' + first + "):F()";
+        const auto call = parseFormula(needless, OddDocuments);
+        ASSERT_TRUE(call);
+        EXPECT_EQ(toText(call->formula, TableContext(), OddDocuments), needless);
+    }
 }
 
 TEST(ToText, NamesTablesByTheirCurrentNames)
