@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include <boost/locale/utf.hpp>
+
 #include <Formulas/Public/Utils.h>
+#include <Formulas/UnicodeLetters.h>
 #include <Utils/Public/CaseInsensitiveLess.h>
 
 namespace QV::Formulas {
@@ -59,6 +62,22 @@ bool equalWithoutCase(boost::string_ref a, boost::string_ref b)
     return !less(a, b) && !less(b, a);
 }
 
+/// Whether a name has nothing that would need quotes around it. What is beyond ASCII is read without them,
+/// whatever it is; other programs take letters alone.
+bool hasOnlyPlainCharacters(boost::string_ref name)
+{
+    using UTF8 = boost::locale::utf::utf_traits<char>;
+    for (auto position = name.begin(); position != name.end();) {
+        const char first = *position;
+        const auto character = UTF8::decode(position, name.end());
+        if (!isBeyondAscii(first)
+                ? !isTableCharacter(first)
+                : !boost::locale::utf::is_valid_codepoint(character) || !isLetterOrDigit(character))
+            return false;
+    }
+    return true;
+}
+
 /// "A1", or "R1C1" and its parts: taken for a cell in one of the two ways of naming cells.
 bool looksLikeCell(boost::string_ref word)
 {
@@ -92,9 +111,8 @@ boost::optional<ColumnIndex> readColumn(boost::string_ref word)
 
 bool isPlainTableName(boost::string_ref name)
 {
-    return !name.empty() && !isDigit(name.front()) && name.front() != '.' &&
-           std::all_of(name.begin(), name.end(), isTableCharacter) && !looksLikeCell(name) &&
-           !readTruth(name);
+    return !name.empty() && !isDigit(name.front()) && name.front() != '.' && hasOnlyPlainCharacters(name) &&
+           !looksLikeCell(name) && !readTruth(name);
 }
 
 void ReferenceScanner::skipBlanks()

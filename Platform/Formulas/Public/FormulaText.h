@@ -60,9 +60,10 @@ FORMULAS_API boost::optional<ParsedFormula> parseFormula(
     boost::string_ref text, const DocumentList& documents = {});
 
 /// The formula's text: no blanks but those that are operators, parentheses where the tree needs them, and
-/// around lists. Tables are named by their current names in @p context, in quotes where they need them; a
-/// reference to an identifier that it does not know becomes "#REF!" and the cells. Documents of @p documents
-/// become their numbers, others stand in brackets as they are.
+/// around lists. Tables are named by their current names in @p context, in quotes but for those of letters
+/// and digits of any script, "_" and "." that are like no number, cell or constant; a reference to an
+/// identifier that it does not know becomes "#REF!" and the cells. Documents of @p documents become their
+/// numbers, others stand in brackets as they are.
 ///
 ///     toText(formula, context); // "SUM('My sheet'!$A$1:$C$9)"
 ///
