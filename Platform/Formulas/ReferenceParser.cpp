@@ -56,14 +56,14 @@ ExprPtr parseName(ReferenceScanner& scanner, const ScannedPlace& place)
 
 ExprPtr takeReference(ReferenceScanner& scanner)
 {
-    if (scanner.skipWord(ReferenceError)) {
-        if (!scanner.skipWord(ReferenceError))
+    if (scanner.skipWordOfAnyCase(ReferenceError)) {
+        if (!scanner.skipWordOfAnyCase(ReferenceError))
             parseCells(scanner, {});
         return std::make_unique<Error>(ReferenceError);
     }
     const auto scanned = scanner.scanPlace();
     const ScannedPlace place = scanned.value_or(ScannedPlace());
-    if (scanned && scanner.skipWord(ReferenceError))
+    if (scanned && scanner.skipWordOfAnyCase(ReferenceError))
         return std::make_unique<Error>(ReferenceError);
     if (ExprPtr cells = parseCells(scanner, place))
         return cells;

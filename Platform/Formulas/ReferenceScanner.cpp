@@ -142,6 +142,14 @@ bool ReferenceScanner::skipWord(boost::string_ref word)
     return true;
 }
 
+bool ReferenceScanner::skipWordOfAnyCase(boost::string_ref word)
+{
+    if (!equalWithoutCase(_rest.substr(0, word.size()), word))
+        return false;
+    _rest.remove_prefix(word.size());
+    return true;
+}
+
 boost::optional<ScannedPlace> ReferenceScanner::scanPlace()
 {
     const boost::string_ref start = _rest;

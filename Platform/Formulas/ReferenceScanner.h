@@ -48,6 +48,8 @@ public:
     bool skip(char character);
     /// Takes @p word, case and all.
     bool skipWord(boost::string_ref word);
+    /// The same for ASCII letters of either case.
+    bool skipWordOfAnyCase(boost::string_ref word);
     /// Whether the text goes on with the name of a table and "!".
     bool isTableNext() const;
 

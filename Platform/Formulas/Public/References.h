@@ -21,8 +21,8 @@ namespace QV::Formulas {
 ///     DOC    ::= "[" any characters but brackets "]"
 ///     CELL   ::= COLUMN ROW       COLUMN ::= "$"? "A" to "XFD"       ROW ::= "$"? 1 to 1048576
 ///
-/// Letters of columns are of either case. A table's name in quotes has its own quotes doubled, and no
-/// brackets or colons; without quotes, names of tables and documents consist of letters, digits, "_", "."
+/// Letters of columns and errors are of either case. A table's name in quotes has its own quotes doubled, and
+/// no brackets or colons; without quotes, names of tables and documents consist of letters, digits, "_", "."
 /// and whatever is beyond ASCII. Of two tables without quotes and document, the first one has no name like a
 /// CELL: "A1:Sheet2!B2" is a range, for FormulaText.h to read. NAME is a defined name: any other word of
 /// these, "\" and "?" that begins with no digit, "." or "?", the constants TRUE and FALSE excepted.

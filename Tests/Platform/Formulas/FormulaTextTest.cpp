@@ -63,6 +63,8 @@ const FormulaRow FormulaRows[] = {
     {"ErrorNotAvailable",         "#N/A",                      "error{#N/A}",                                              nullptr                   },
     {"ErrorName",                 "#name?",                    "error{#NAME?}",                                            "#NAME?"                  },
     {"ErrorOfTable",              "Sheet1!#REF!",              "error{#REF!}",                                             "#REF!"                   },
+    {"ErrorOfTableSmall",         "Sheet1!#ref!+1",            "add{error{#REF!}" ONE "}",                                 "#REF!+1"                 },
+    {"ErrorOfBothSmall",          "#ref!#ref!",                "error{#REF!}",                                             "#REF!"                   },
     {"ErrorSpill",                "#SPILL!",                   "error{#SPILL!}",                                           nullptr                   },
     {"ErrorDivided",              "#DIV/0!/2",                 "divide{error{#DIV/0!}" TWO "}",                            nullptr                   },
     {"EqualSign",                 "=1",                        ONE,                                                        "1"                       },
