@@ -124,8 +124,8 @@ private:
     {
         if (!_names.documents || url.empty())
             return url;
-        const auto found = std::find(_names.documents->begin(), _names.documents->end(), url);
-        return found == _names.documents->end() ? url : std::to_string(found - _names.documents->begin() + 1);
+        const std::size_t number = _names.documents->findNumber(url);
+        return number == 0 ? url : std::to_string(number);
     }
 
     std::string makePlace(

@@ -205,7 +205,7 @@ TEST_P(ParseFormula, KeepsRow)
     const auto parsed = parseFormula(row.text, Documents);
     ASSERT_TRUE(parsed);
     EXPECT_EQ(describeTree(parsed->formula), row.tree);
-    const std::string printed = toText(parsed->formula, TableContext(), Documents);
+    const std::string printed = toText(parsed->formula, TableContext(), DocumentNumbers(Documents));
     EXPECT_EQ(printed, row.printed ? row.printed : row.text);
     const auto again = parseFormula(printed, Documents);
     ASSERT_TRUE(again);
@@ -250,13 +250,38 @@ TEST(ParseFormulaDocuments, MayHaveAnyNamesInRangesWithBlanks)
         const auto range = parseFormula(first + " : B2", OddDocuments);
         ASSERT_TRUE(range);
         EXPECT_EQ(describeTree(range->formula), "range{" + OddDocuments[i - 1] + "|S||c0-1 r0-1}");
-        EXPECT_EQ(toText(range->formula, TableContext(), OddDocuments), first + ":B2");
+        EXPECT_EQ(toText(range->formula, TableContext(), DocumentNumbers(OddDocuments)), first + ":B2");
 
         const std::string needless = '(' + first + "):F()";
         const auto call = parseFormula(needless, OddDocuments);
         ASSERT_TRUE(call);
-        EXPECT_EQ(toText(call->formula, TableContext(), OddDocuments), needless);
+        EXPECT_EQ(toText(call->formula, TableContext(), DocumentNumbers(OddDocuments)), needless);
     }
+}
+
+TEST(DocumentNumbers, AreThePlacesOfDocumentsInTheirList)
+{
+    const DocumentNumbers numbers({"a", "b", "a", "", "c"});
+    EXPECT_EQ(numbers.findNumber("a"), 1U) << "the first of equal ones";
+    EXPECT_EQ(numbers.findNumber("b"), 2U);
+    EXPECT_EQ(numbers.findNumber("c"), 5U);
+    EXPECT_EQ(numbers.findNumber("A"), 0U);
+    EXPECT_EQ(DocumentNumbers().findNumber("a"), 0U);
+}
+
+TEST(DocumentNumbers, AreFoundSoonForManyReferencesAndDocuments)
+{
+    constexpr std::size_t Count = 50000; // too many to search the list for each reference
+    DocumentList documents;
+    std::string text = "SUM(";
+    for (std::size_t i = 1; i <= Count; ++i) {
+        documents.push_back("file:///books/" + std::to_string(i) + ".xlsx");
+        text += (i == 1 ? "[" : ",[") + std::to_string(i) + "]S!A1";
+    }
+    text += ')';
+    const auto parsed = parseFormula(text, documents);
+    ASSERT_TRUE(parsed);
+    EXPECT_EQ(toText(parsed->formula, TableContext(), DocumentNumbers(documents)), text);
 }
 
 TEST(ToText, NamesTablesByTheirCurrentNames)
