@@ -136,8 +136,7 @@ private:
         if (!firstName || !secondName)
             return "#REF!";
         const std::string document = findDocument(reference.getDocURL());
-        std::string place = document.empty() ? std::string() : '[' + document + ']';
-        place += *firstName;
+        std::string place = putInBrackets(document) + *firstName;
         if (!secondName->empty())
             place += ':' + *secondName;
         if (place.empty())
@@ -146,6 +145,17 @@ private:
         const bool isPlain = !isLikeColumns && isPlainDocument(document) && isPlainOrNone(*firstName) &&
                              isPlainOrNone(*secondName);
         return (isPlain ? place : quote(place, '\'')) + '!';
+    }
+
+    /// "[b.xlsx]", or "folder/[b.xlsx]".
+    static std::string putInBrackets(const std::string& document)
+    {
+        if (document.empty())
+            return {};
+        const std::size_t separator = document.find_last_of("/\\");
+        const bool hasPath = separator != std::string::npos && separator + 1 < document.size();
+        const std::size_t begin = hasPath ? separator + 1 : 0;
+        return document.substr(0, begin) + '[' + document.substr(begin) + ']';
     }
 
     static bool isPlainDocument(const std::string& url)

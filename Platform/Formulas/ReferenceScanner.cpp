@@ -78,6 +78,22 @@ bool hasOnlyPlainCharacters(boost::string_ref name)
     return true;
 }
 
+/// Takes "[book]" or "path/[book]" from the front of a text, and gives the document without the brackets;
+/// empty where there is none.
+std::string takeQuotedDocument(boost::string_ref& text)
+{
+    const std::size_t begin = text.find('[');
+    const boost::string_ref rest = begin == boost::string_ref::npos ? "" : text.substr(begin + 1);
+    const std::size_t size = rest.find_first_of("[]");
+    if (size == boost::string_ref::npos || size == 0 || rest[size] != ']')
+        return {};
+    const boost::string_ref path = text.substr(0, begin);
+    if (!path.empty() && path.back() != '/' && path.back() != '\\')
+        return {};
+    text = rest.substr(size + 1);
+    return path.to_string() + rest.substr(0, size).to_string();
+}
+
 /// "A1", or "R1C1" and its parts: taken for a cell in one of the two ways of naming cells.
 bool looksLikeCell(boost::string_ref word)
 {
@@ -195,12 +211,8 @@ boost::optional<ScannedPlace> ReferenceScanner::scanQuotedPlace()
         return boost::none;
     ScannedPlace place;
     boost::string_ref tables = *quoted;
-    const std::size_t bracket = tables.find(']');
-    const bool hasDocument = tables.starts_with('[') && bracket != boost::string_ref::npos && bracket > 1;
-    if (hasDocument) {
-        place.document = tables.substr(1, bracket - 1).to_string();
-        tables.remove_prefix(bracket + 1);
-    }
+    place.document = takeQuotedDocument(tables);
+    const bool hasDocument = !place.document.empty();
     const std::size_t colon = tables.find(':');
     place.firstTable = tables.substr(0, colon).to_string();
     if (colon != boost::string_ref::npos)
@@ -208,8 +220,7 @@ boost::optional<ScannedPlace> ReferenceScanner::scanQuotedPlace()
     const bool isNamed = colon == boost::string_ref::npos
                              ? hasDocument || !place.firstTable.empty()
                              : !place.firstTable.empty() && !place.secondTable.empty();
-    const bool isClean = place.document.find('[') == std::string::npos &&
-                         tables.find_first_of("[]") == boost::string_ref::npos &&
+    const bool isClean = tables.find_first_of("[]") == boost::string_ref::npos &&
                          place.secondTable.find(':') == std::string::npos;
     return boost::make_optional(isNamed && isClean, place);
 }

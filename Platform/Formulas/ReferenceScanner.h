@@ -53,8 +53,8 @@ public:
     /// Whether the text goes on with the name of a table and "!".
     bool isTableNext() const;
 
-    /// Place ::= Document? Tables "!" | Document "!" | "'" (Document? Tables, with "'" doubled) "'" "!"
-    /// What could be a cell is no first one of two tables without quotes or a document before it.
+    /// Place ::= Document? Tables "!" | Document "!" | "'" ((Path? Document)? Tables, with "'" doubled) "'"
+    /// "!" What could be a cell is no first one of two tables without quotes or a document before it.
     boost::optional<ScannedPlace> scanPlace();
 
     /// End ::= "$"? Letters "$"? Digits | "$"? Letters | "$"? Digits, within the largest sheet, and not the

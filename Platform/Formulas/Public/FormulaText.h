@@ -81,7 +81,7 @@ FORMULAS_API boost::optional<ParsedFormula> parseFormula(
 /// around lists. Tables are named by their current names in @p context, in quotes but for those of letters
 /// and digits of any script, "_" and "." that are like no number, cell or constant; a reference to an
 /// identifier that it does not know becomes "#REF!" and the cells. Documents of @p documents become their
-/// numbers, others stand in brackets as they are.
+/// numbers, others stand in brackets, with their folders before these.
 ///
 ///     toText(formula, context);                             // "SUM('My sheet'!$A$1:$C$9)"
 ///     toText(other, context, DocumentNumbers({"b.xlsx"}));  // "[1]Sheet1!A1"

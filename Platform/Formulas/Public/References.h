@@ -17,8 +17,8 @@ namespace QV::Formulas {
 ///     LIST   ::= REF ("," REF)*
 ///     REF    ::= PLACE? (CELL | CELL ":" CELL | COLUMN ":" COLUMN | ROW ":" ROW | NAME) | ERROR
 ///     ERROR  ::= PLACE? "#REF!" | "#REF!" (CELL | CELL ":" CELL | COLUMN ":" COLUMN | ROW ":" ROW | "#REF!")
-///     PLACE  ::= DOC? TABLE (":" TABLE)? "!" | DOC "!" | "'" DOC? TABLES? "'" "!"
-///     DOC    ::= "[" any characters but brackets "]"
+///     PLACE  ::= DOC? TABLE (":" TABLE)? "!" | DOC "!" | "'" (PATH? DOC)? TABLES? "'" "!"
+///     DOC    ::= "[" any characters but brackets "]"           PATH ::= any but brackets, then "/" or "\"
 ///     CELL   ::= COLUMN ROW       COLUMN ::= "$"? "A" to "XFD"       ROW ::= "$"? 1 to 1048576
 ///
 /// Letters of columns and errors are of either case. A table's name in quotes has its own quotes doubled, and
@@ -32,6 +32,7 @@ namespace QV::Formulas {
 ///     parseReference("Sheet1:Sheet3!A1");        // CellRange with a second table
 ///     parseReference("(Sheet1!A1,Sheet1!B2)");   // ArgumentsList
 ///     parseReference("[1]Sheet1!A1");            // getDocURL() is "1", as the file numbers its documents
+///     parseReference("'d/[b.xlsx]S'!A1");        // getDocURL() is "d/b.xlsx"
 ///     parseReference("[0]!Rate");                // Label; document 0 is the formula's own
 ///     parseReference("Sheet1!#REF!");            // Error
 ///

@@ -156,7 +156,7 @@ TEST_F(CellFormulasImport, NumbersOfDocumentsBecomeTheirAddresses)
         dynamic_cast<const DOM::FormulaSyntaxTree::CellAddress*>(&findFormula(0)->getSyntaxTree());
     ASSERT_TRUE(cell);
     EXPECT_EQ(cell->getDocURL(), "file:///b2.xlsx");
-    EXPECT_EQ(print(1), "SUM('[file:///b1.xlsx]S'!A1)");
+    EXPECT_EQ(print(1), "SUM('file:///[b1.xlsx]S'!A1)");
     EXPECT_EQ(print(2), "[3]S!A1");
     EXPECT_EQ(print(3), "[4]S!A1");
     EXPECT_EQ(print(4), "Rate");
