@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include <boost/unordered_set.hpp>
 #include <boost/variant/get.hpp>
 
 #include <DOM/Public/Chart.h>
@@ -23,6 +24,7 @@
 #include <FilterUtils/FU_TableNamesInFormulas.h>
 #include <Filters/Package/FilterRun.h>
 #include <Formulas/Public/TableContext.h>
+#include <Utils/Public/OperationReport.h>
 #include <Utils/Public/Ptr/PtrUtils.h>
 #include <Utils/Public/UUID.h>
 #include <Utils/Public/Visitor.h>
@@ -195,6 +197,20 @@ void resolveInCharts(DOM::Document& document, const Resolver& resolver)
     });
 }
 
+/// @param urls of documents that cells refer to; none of them empty
+void noteLinks(const boost::unordered_set<std::string>& urls, FilterRun& run)
+{
+    constexpr unsigned MessagesMax = 1000;
+    const std::set<std::string> known(run.getLinks().begin(), run.getLinks().end());
+    unsigned messagesCount = 0;
+    for (const std::string& url : std::set<std::string>(urls.begin(), urls.end())) {
+        if (url.find_first_not_of("0123456789") != std::string::npos)
+            run.addLink(url);
+        else if (known.count(url) == 0 && ++messagesCount <= MessagesMax)
+            run.getReport().emplace_back("Formulas refer to document {}, whose address is not known", url);
+    }
+}
+
 } // namespace
 
 void resolveFormulaNames(FilterRun& run)
@@ -209,9 +225,7 @@ void resolveFormulaNames(FilterRun& run)
     resolveInCharts(document, resolver);
     for (DOM::DefinedName& name : document.getDefinedNames())
         resolveNames(name.getFormula().getSyntaxTree(), resolver);
-
-    for (const std::string& url : std::set<std::string>(urls.begin(), urls.end()))
-        run.addLink(url);
+    noteLinks(urls, run);
 }
 
 } // namespace QV::Filters

@@ -122,6 +122,33 @@ TEST_F(ResolveFormulaNames, DocumentsThatCellsReferToAreLinks)
     EXPECT_THAT(run.getLinks(), ElementsAre("b.xlsx", "a.xlsx", "c.xlsx"));
 }
 
+TEST_F(ResolveFormulaNames, NumbersOfDocumentsAreNoLinks)
+{
+    constexpr unsigned long MessagesMax = 1000;
+    DOM::Table& table = appendTable("First");
+    run.addLink("1");
+    for (unsigned long i = 0; i <= MessagesMax + 1; ++i)
+        setFormula(table, i, 0, makeCellNode(std::string("Sheet1"), std::to_string(i)));
+    setFormula(table, MessagesMax + 2, 0, makeCellNode(std::string("Sheet1"), "1.5"));
+    resolveFormulaNames(run);
+    EXPECT_THAT(run.getLinks(), ElementsAre("1", "1.5")) << "a document may well be called 1";
+    ASSERT_EQ(run.getReport().getMessages().size(), MessagesMax);
+    EXPECT_EQ(run.getReport().getMessages()[0].toString(),
+        "Formulas refer to document 0, whose address is not known");
+    EXPECT_EQ(run.getReport().getMessages()[1].toString(),
+        "Formulas refer to document 10, whose address is not known");
+}
+
+TEST_F(ResolveFormulaNames, ManyDocumentsAreNotedSoon)
+{
+    constexpr unsigned long Count = 50000; // too many to search all of them for each
+    DOM::Table& table = appendTable("First");
+    for (unsigned long i = 0; i < Count; ++i)
+        setFormula(table, i, 0, makeCellNode(std::string("Sheet1"), std::to_string(i) + ".xlsx"));
+    resolveFormulaNames(run);
+    EXPECT_EQ(run.getLinks().size(), Count);
+}
+
 TEST_F(ResolveFormulaNames, TablesOfOtherDocumentsKeepTheirNames)
 {
     DOM::Table& first = appendTable("First");
