@@ -28,7 +28,7 @@ namespace QV::FilterUtils {
 /// @param resolver gives the identifier of the table with that name, to be copied at once, or null where
 /// there
 ///     is none: the name stays then. Is not asked about the empty name, which is no table, nor about
-///     addresses that are identifiers already.
+///     addresses that are identifiers already. Is asked about tables of other documents like about any.
 ///
 /// Nodes are visited from the root and from left to right, and each address is set, changed or not. What
 /// @p resolver throws passes through, as does std::bad_function_call where it is empty and there is a name to

@@ -206,7 +206,8 @@ void FilterRun::leaveOut(const std::string& what)
 
 void FilterRun::addLink(const std::string& target)
 {
-    appendOnce(_links, target);
+    if (_knownLinks.insert(target).second)
+        _links.push_back(target);
 }
 
 std::string FilterRun::generateId()

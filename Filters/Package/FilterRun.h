@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include <DOM/Public/Document.h>
@@ -82,6 +83,7 @@ private:
     std::unique_ptr<RecordingMediaStorage> _mediaStorage;
     std::vector<std::string> _leftOut;
     std::vector<std::string> _links;
+    std::unordered_set<std::string> _knownLinks; // the same
 };
 
 } // namespace QV::Filters

@@ -132,7 +132,7 @@ private:
         std::vector<std::string> targets;
         const Relationships relationships = Relationships::read(_package, part, unused);
         for (const Relationship& relationship : relationships.getAll())
-            if (relationship.isExternal)
+            if (relationship.isExternal && !relationship.target.empty())
                 targets.push_back(relationship.target);
         return targets;
     }
@@ -145,8 +145,7 @@ private:
             if (link && !link->isExternal && _formulas.documents.size() < DocumentsMax)
                 targets = listTargets(link->target);
             // Formulas take the address along at each reference.
-            const bool isKnown = !targets.empty() && !targets.front().empty() &&
-                                 targets.front().size() <= DocumentAddressBytesMax;
+            const bool isKnown = !targets.empty() && targets.front().size() <= DocumentAddressBytesMax;
             _formulas.documents.push_back(
                 isKnown ? targets.front() : std::to_string(_formulas.documents.size() + 1));
             _formulas.longestAddress = std::max(_formulas.longestAddress, _formulas.documents.back().size());

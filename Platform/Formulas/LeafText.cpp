@@ -124,8 +124,8 @@ private:
     {
         if (!_names.documents || url.empty())
             return url;
-        const auto found = std::find(_names.documents->begin(), _names.documents->end(), url);
-        return found == _names.documents->end() ? url : std::to_string(found - _names.documents->begin() + 1);
+        const std::size_t number = _names.documents->findNumber(url);
+        return number == 0 ? url : std::to_string(number);
     }
 
     std::string makePlace(
@@ -136,15 +136,26 @@ private:
         if (!firstName || !secondName)
             return "#REF!";
         const std::string document = findDocument(reference.getDocURL());
-        std::string place = document.empty() ? std::string() : '[' + document + ']';
-        place += *firstName;
+        std::string place = putInBrackets(document) + *firstName;
         if (!secondName->empty())
             place += ':' + *secondName;
         if (place.empty())
             return {};
-        const bool isPlain =
-            isPlainDocument(document) && isPlainOrNone(*firstName) && isPlainOrNone(*secondName);
+        const bool isLikeColumns = !secondName->empty() && readColumn(*firstName); // behind a ":"
+        const bool isPlain = !isLikeColumns && isPlainDocument(document) && isPlainOrNone(*firstName) &&
+                             isPlainOrNone(*secondName);
         return (isPlain ? place : quote(place, '\'')) + '!';
+    }
+
+    /// "[b.xlsx]", or "folder/[b.xlsx]".
+    static std::string putInBrackets(const std::string& document)
+    {
+        if (document.empty())
+            return {};
+        const std::size_t separator = document.find_last_of("/\\");
+        const bool hasPath = separator != std::string::npos && separator + 1 < document.size();
+        const std::size_t begin = hasPath ? separator + 1 : 0;
+        return document.substr(0, begin) + '[' + document.substr(begin) + ']';
     }
 
     static bool isPlainDocument(const std::string& url)

@@ -11,7 +11,7 @@ namespace QV::Formulas {
 struct TextNames
 {
     const TableContext* tables = nullptr; // null where tables are known by name alone
-    const DocumentList* documents = nullptr;
+    const DocumentNumbers* documents = nullptr;
 };
 
 /// The text of a node with nothing below it; empty for any other node.

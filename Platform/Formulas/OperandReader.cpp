@@ -9,7 +9,6 @@
 
 #include <DOM/Public/FormulaSyntaxTree.h>
 #include <Formulas/ReferenceParser.h>
-#include <Utils/Public/CaseInsensitiveLess.h>
 #include <Utils/Public/NumberText.h>
 #include <Utils/Public/Ptr/PtrUtils.h>
 
@@ -24,20 +23,11 @@ const boost::string_ref Errors[] = {"#NULL!", "#DIV/0!", "#VALUE!", "#REF!", "#N
     "#GETTING_DATA", "#SPILL!", "#CALC!", "#FIELD!", "#CONNECT!", "#BLOCKED!", "#UNKNOWN!", "#EXTERNAL!",
     "#BUSY!", "#PYTHON!", "#TIMEOUT!"};
 
-bool startsWithoutCase(boost::string_ref text, boost::string_ref word)
-{
-    const CaseInsensitiveLess less;
-    const boost::string_ref front = text.substr(0, word.size());
-    return !less(front, word) && !less(word, front);
-}
-
 ExprPtr takeError(ReferenceScanner& scanner)
 {
     for (const boost::string_ref error : Errors)
-        if (startsWithoutCase(scanner.getRest(), error)) {
-            scanner.advance(error.size());
+        if (scanner.skipWordOfAnyCase(error))
             return std::make_unique<Error>(error.to_string());
-        }
     return nullptr;
 }
 

@@ -3,8 +3,7 @@
 #include <utility>
 
 #include <DOM/Public/FormulaSyntaxTree.h>
-#include <Formulas/LeafText.h>
-#include <Formulas/OperandReader.h>
+#include <Formulas/RangeEnds.h>
 #include <Utils/Public/Ptr/PtrUtils.h>
 
 namespace QV::Formulas {
@@ -171,32 +170,20 @@ void OperandStack::reduceBinary(BinaryOpType type)
 {
     Operand right = pop();
     Operand left = pop();
-    if (type == RangeOp && areJoined(left, right))
-        return;
+    if (type == RangeOp && left.parentheses + right.parentheses == 0)
+        if (ExprPtr joined = joinRangeEnds(*left.expr, *right.expr)) { // which blanks kept apart
+            push(std::move(joined));
+            return;
+        }
     const Binding binding = getBinding(type);
     const bool isOfReferences = binding >= Binding::Intersection;
     const auto isRefused = [&](const Operand& operand, const Place& place) {
-        return isOfReferences && operand.parentheses == 0 && needsParentheses(*operand.expr, place, {});
+        return isOfReferences && operand.parentheses == 0 && needsParentheses(*operand.expr, place);
     };
     _isBroken = _isBroken || isRefused(left, {binding}) || isRefused(right, {binding, true});
     ExprPtr second = settle(std::move(right), {binding, true});
     ExprPtr first = settle(std::move(left), {binding, false, type == RangeOp ? second.get() : nullptr});
     push(BinaryMakers[type](std::move(first), std::move(second)));
-}
-
-/// Pushes the one reference that two ends make where blanks around ":" kept them apart.
-bool OperandStack::areJoined(const Operand& left, const Operand& right)
-{
-    if (left.parentheses + right.parentheses > 0 || !left.expr->getChildren().empty() ||
-        !right.expr->getChildren().empty())
-        return false;
-    const std::string text = makeLeafText(*left.expr, {}) + ':' + makeLeafText(*right.expr, {});
-    ReferenceScanner scanner(text);
-    auto joined = takeOperand(scanner, {});
-    if (!joined || !scanner.isAtEnd())
-        return false;
-    push(std::move(joined->expr));
-    return true;
 }
 
 OperandStack::Operand OperandStack::pop()
@@ -209,7 +196,7 @@ OperandStack::Operand OperandStack::pop()
 /// The operand with those of its parentheses that it does not need at its place.
 ExprPtr OperandStack::settle(Operand operand, const Place& place)
 {
-    if (operand.parentheses > 0 && needsParentheses(*operand.expr, place, {}))
+    if (operand.parentheses > 0 && needsParentheses(*operand.expr, place))
         --operand.parentheses;
     for (; operand.parentheses > 0; --operand.parentheses) {
         auto list = std::make_unique<ArgumentsList>();

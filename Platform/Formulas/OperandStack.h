@@ -68,7 +68,6 @@ private:
     void reduce(Binding weakest);
     void reducePrefix(char sign);
     void reduceBinary(DOM::FormulaSyntaxTree::BinaryOpType type);
-    bool areJoined(const Operand& left, const Operand& right);
     Operand pop();
     ExprPtr settle(Operand operand, const Place& place);
     ExprPtr makeList(std::size_t firstItem);

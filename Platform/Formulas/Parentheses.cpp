@@ -1,11 +1,9 @@
 #include <Formulas/Parentheses.h>
 
 #include <cmath>
-#include <string>
 
 #include <DOM/Public/FormulaSyntaxTree.h>
-#include <Formulas/LeafText.h>
-#include <Formulas/OperandReader.h>
+#include <Formulas/RangeEnds.h>
 #include <Utils/Public/Ptr/PtrUtils.h>
 #include <Utils/Public/Visitor.h>
 
@@ -48,23 +46,6 @@ struct ReferenceKinds
     bool operator()(const Expr&) const { return false; }
 };
 
-/// The beginning of an operand's text, as far as it is one word.
-std::string makeWord(const Expr& expr, const TextNames& names)
-{
-    const auto* const call = exactCast<FunctionCall>(&expr);
-    return call ? call->getName() + '(' : makeLeafText(expr, names);
-}
-
-/// Whether two operands with ":" between them would be read as one: "A1:B2" is a range by itself.
-bool wouldJoin(const Expr& left, const Expr& right, const TextNames& names)
-{
-    const auto* const range = exactCast<BinaryOp<RangeOp>>(&left);
-    const std::string first = makeWord(range ? *range->getChildren().back() : left, names);
-    const std::string text = first + ':' + makeWord(right, names);
-    ReferenceScanner scanner(text);
-    return !takeOperand(scanner, {}) || text.size() - scanner.getRest().size() != first.size();
-}
-
 } // namespace
 
 Binding getBinding(BinaryOpType type)
@@ -89,7 +70,7 @@ Binding getBinding(BinaryOpType type)
     }
 }
 
-bool needsParentheses(const Expr& expr, const Place& place, const TextNames& names)
+bool needsParentheses(const Expr& expr, const Place& place)
 {
     if (isExactly<ArgumentsList>(expr))
         return true;
@@ -100,8 +81,7 @@ bool needsParentheses(const Expr& expr, const Place& place, const TextNames& nam
         return true;
     if (place.binding < Binding::Intersection)
         return false;
-    return !applyVisitor(ReferenceKinds(), expr) ||
-           (place.rangeEnd && wouldJoin(expr, *place.rangeEnd, names));
+    return !applyVisitor(ReferenceKinds(), expr) || (place.rangeEnd && wouldJoin(expr, *place.rangeEnd));
 }
 
 } // namespace QV::Formulas

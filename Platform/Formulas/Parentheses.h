@@ -4,8 +4,6 @@
 
 namespace QV::Formulas {
 
-struct TextNames;
-
 /// How strongly operators bind, and what there is in their place.
 enum class Binding
 {
@@ -35,6 +33,6 @@ struct Place
 
 /// Whether @p expr stands in parentheses at @p place, where without them the text would mean something else.
 /// A list of more than one always does.
-bool needsParentheses(const DOM::FormulaSyntaxTree::Expr& expr, const Place& place, const TextNames& names);
+bool needsParentheses(const DOM::FormulaSyntaxTree::Expr& expr, const Place& place);
 
 } // namespace QV::Formulas

@@ -101,7 +101,7 @@ private:
             ++parentheses;
             core = core->getChildren().front().get();
         }
-        if (needsParentheses(*core, place, _names))
+        if (needsParentheses(*core, place))
             ++parentheses;
         _text.append(parentheses, '(');
         if (parentheses > 0)
@@ -128,7 +128,19 @@ private:
 
 } // namespace
 
-std::string toText(const DOM::Formula& formula, const TableContext& context, const DocumentList& documents)
+DocumentNumbers::DocumentNumbers(const DocumentList& documents)
+{
+    for (std::size_t i = 0; i < documents.size(); ++i)
+        _numbers.emplace(documents[i], i + 1);
+}
+
+std::size_t DocumentNumbers::findNumber(const std::string& url) const
+{
+    const auto found = _numbers.find(url);
+    return found == _numbers.end() ? 0 : found->second;
+}
+
+std::string toText(const DOM::Formula& formula, const TableContext& context, const DocumentNumbers& documents)
 {
     if (!formula.getUnreadText().empty())
         return formula.getUnreadText();

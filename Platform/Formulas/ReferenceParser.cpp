@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include <boost/optional.hpp>
-
 #include <DOM/Public/FormulaSyntaxTree.h>
 #include <Formulas/ReferenceScanner.h>
 
@@ -15,13 +13,6 @@ using namespace DOM::FormulaSyntaxTree;
 using ExprPtr = std::unique_ptr<Expr>;
 
 constexpr const char* ReferenceError = "#REF!";
-
-template <RowOrColumnTag Axis>
-CellRangeAxis<Axis> makeAxis(
-    const boost::optional<AxisIndex<Axis>>& first, const boost::optional<AxisIndex<Axis>>& second)
-{
-    return first && second ? makeOrderedAxis(*first, *second) : CellRangeAxis<Axis>::makeWhole();
-}
 
 /// The second end of a range, which is of the same form as the first one.
 boost::optional<ScannedEnd> scanSecondEnd(ReferenceScanner& scanner, const ScannedEnd& first)
@@ -65,14 +56,14 @@ ExprPtr parseName(ReferenceScanner& scanner, const ScannedPlace& place)
 
 ExprPtr takeReference(ReferenceScanner& scanner)
 {
-    if (scanner.skipWord(ReferenceError)) {
-        if (!scanner.skipWord(ReferenceError))
+    if (scanner.skipWordOfAnyCase(ReferenceError)) {
+        if (!scanner.skipWordOfAnyCase(ReferenceError))
             parseCells(scanner, {});
         return std::make_unique<Error>(ReferenceError);
     }
     const auto scanned = scanner.scanPlace();
     const ScannedPlace place = scanned.value_or(ScannedPlace());
-    if (scanned && scanner.skipWord(ReferenceError))
+    if (scanned && scanner.skipWordOfAnyCase(ReferenceError))
         return std::make_unique<Error>(ReferenceError);
     if (ExprPtr cells = parseCells(scanner, place))
         return cells;

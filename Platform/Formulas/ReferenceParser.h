@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include <boost/optional.hpp>
+
 #include <DOM/Public/FormulaReferences.h>
 
 namespace QV::Formulas {
@@ -19,6 +21,15 @@ DOM::FormulaSyntaxTree::CellRangeAxis<Axis> makeOrderedAxis(
 {
     using Result = DOM::FormulaSyntaxTree::CellRangeAxis<Axis>;
     return a.getIndex() <= b.getIndex() ? Result(a, b) : Result(b, a);
+}
+
+/// The same for ends that have the axis both or not at all: the whole axis then.
+template <RowOrColumnTag Axis>
+DOM::FormulaSyntaxTree::CellRangeAxis<Axis> makeAxis(
+    const boost::optional<DOM::FormulaSyntaxTree::AxisIndex<Axis>>& a,
+    const boost::optional<DOM::FormulaSyntaxTree::AxisIndex<Axis>>& b)
+{
+    return a && b ? makeOrderedAxis(*a, *b) : DOM::FormulaSyntaxTree::CellRangeAxis<Axis>::makeWhole();
 }
 
 } // namespace QV::Formulas

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include <boost/locale/utf.hpp>
+
 #include <Formulas/Public/Utils.h>
+#include <Formulas/UnicodeLetters.h>
 #include <Utils/Public/CaseInsensitiveLess.h>
 
 namespace QV::Formulas {
@@ -59,6 +62,38 @@ bool equalWithoutCase(boost::string_ref a, boost::string_ref b)
     return !less(a, b) && !less(b, a);
 }
 
+/// Whether a name has nothing that would need quotes around it. What is beyond ASCII is read without them,
+/// whatever it is; other programs take letters alone.
+bool hasOnlyPlainCharacters(boost::string_ref name)
+{
+    using UTF8 = boost::locale::utf::utf_traits<char>;
+    for (auto position = name.begin(); position != name.end();) {
+        const char first = *position;
+        const auto character = UTF8::decode(position, name.end());
+        if (!isBeyondAscii(first)
+                ? !isTableCharacter(first)
+                : !boost::locale::utf::is_valid_codepoint(character) || !isLetterOrDigit(character))
+            return false;
+    }
+    return true;
+}
+
+/// Takes "[book]" or "path/[book]" from the front of a text, and gives the document without the brackets;
+/// empty where there is none.
+std::string takeQuotedDocument(boost::string_ref& text)
+{
+    const std::size_t begin = text.find('[');
+    const boost::string_ref rest = begin == boost::string_ref::npos ? "" : text.substr(begin + 1);
+    const std::size_t size = rest.find_first_of("[]");
+    if (size == boost::string_ref::npos || size == 0 || rest[size] != ']')
+        return {};
+    const boost::string_ref path = text.substr(0, begin);
+    if (!path.empty() && path.back() != '/' && path.back() != '\\')
+        return {};
+    text = rest.substr(size + 1);
+    return path.to_string() + rest.substr(0, size).to_string();
+}
+
 /// "A1", or "R1C1" and its parts: taken for a cell in one of the two ways of naming cells.
 bool looksLikeCell(boost::string_ref word)
 {
@@ -82,11 +117,18 @@ boost::optional<bool> readTruth(boost::string_ref word)
     return boost::make_optional(equalWithoutCase(word, "FALSE"), false);
 }
 
+boost::optional<ColumnIndex> readColumn(boost::string_ref word)
+{
+    const auto column = Utils::convertAlphaIndexToIndex(word);
+    if (!column || ColumnIndex(*column) > MaxColumnIndex)
+        return boost::none;
+    return ColumnIndex(*column);
+}
+
 bool isPlainTableName(boost::string_ref name)
 {
-    return !name.empty() && !isDigit(name.front()) && name.front() != '.' &&
-           std::all_of(name.begin(), name.end(), isTableCharacter) && !looksLikeCell(name) &&
-           !readTruth(name);
+    return !name.empty() && !isDigit(name.front()) && name.front() != '.' && hasOnlyPlainCharacters(name) &&
+           !looksLikeCell(name) && !readTruth(name);
 }
 
 void ReferenceScanner::skipBlanks()
@@ -116,6 +158,14 @@ bool ReferenceScanner::skipWord(boost::string_ref word)
     return true;
 }
 
+bool ReferenceScanner::skipWordOfAnyCase(boost::string_ref word)
+{
+    if (!equalWithoutCase(_rest.substr(0, word.size()), word))
+        return false;
+    _rest.remove_prefix(word.size());
+    return true;
+}
+
 boost::optional<ScannedPlace> ReferenceScanner::scanPlace()
 {
     const boost::string_ref start = _rest;
@@ -138,12 +188,15 @@ boost::optional<ScannedPlace> ReferenceScanner::scanPlainPlace()
     ScannedPlace place;
     const auto document = scanDocument();
     place.document = document.value_or(std::string());
+    const bool isCell = !document && isCellNext();
     const auto first = scanTableName();
     if (!first)
         return boost::make_optional(document.has_value(), place);
     place.firstTable = *first;
     if (!skip(':'))
         return place;
+    if (isCell)
+        return boost::none; // "A1:Sheet2!B2" begins in the formula's own table
     const auto second = scanTableName();
     if (!second)
         return boost::none;
@@ -158,12 +211,8 @@ boost::optional<ScannedPlace> ReferenceScanner::scanQuotedPlace()
         return boost::none;
     ScannedPlace place;
     boost::string_ref tables = *quoted;
-    const std::size_t bracket = tables.find(']');
-    const bool hasDocument = tables.starts_with('[') && bracket != boost::string_ref::npos && bracket > 1;
-    if (hasDocument) {
-        place.document = tables.substr(1, bracket - 1).to_string();
-        tables.remove_prefix(bracket + 1);
-    }
+    place.document = takeQuotedDocument(tables);
+    const bool hasDocument = !place.document.empty();
     const std::size_t colon = tables.find(':');
     place.firstTable = tables.substr(0, colon).to_string();
     if (colon != boost::string_ref::npos)
@@ -171,8 +220,7 @@ boost::optional<ScannedPlace> ReferenceScanner::scanQuotedPlace()
     const bool isNamed = colon == boost::string_ref::npos
                              ? hasDocument || !place.firstTable.empty()
                              : !place.firstTable.empty() && !place.secondTable.empty();
-    const bool isClean = place.document.find('[') == std::string::npos &&
-                         tables.find_first_of("[]") == boost::string_ref::npos &&
+    const bool isClean = tables.find_first_of("[]") == boost::string_ref::npos &&
                          place.secondTable.find(':') == std::string::npos;
     return boost::make_optional(isNamed && isClean, place);
 }
@@ -226,12 +274,26 @@ boost::optional<std::string> ReferenceScanner::scanQuoted()
     return boost::none;
 }
 
+bool ReferenceScanner::isTableNext() const
+{
+    ReferenceScanner copy = *this;
+    return copy.scanTableName() && copy.skip('!');
+}
+
+bool ReferenceScanner::isCellNext() const
+{
+    ReferenceScanner copy = *this;
+    const auto end = copy.scanEnd();
+    return end && end->column && end->row;
+}
+
+// "LOG10(" is no cell, nor is "B2!".
 bool ReferenceScanner::isInsideWord() const
 {
     if (_rest.empty())
         return false;
     const char next = _rest.front();
-    return isNameCharacter(next) || next == '$' || next == '(' || next == '['; // "LOG10(" is no cell
+    return isNameCharacter(next) || boost::string_ref("$([!").find(next) != boost::string_ref::npos;
 }
 
 boost::optional<ScannedEnd> ReferenceScanner::scanEnd()
@@ -253,11 +315,11 @@ boost::optional<ColumnAxisIndex> ReferenceScanner::scanColumn()
     const std::size_t size = countFront(text, isLetter);
     if (size == 0 || size > MaxColumnLetters)
         return boost::none;
-    const auto column = Utils::convertAlphaIndexToIndex(text.substr(0, size));
-    if (!column || ColumnIndex(*column) > MaxColumnIndex)
+    const auto column = readColumn(text.substr(0, size));
+    if (!column)
         return boost::none;
     _rest = text.substr(size);
-    return ColumnAxisIndex(ColumnIndex(*column), isAbsolute);
+    return ColumnAxisIndex(*column, isAbsolute);
 }
 
 boost::optional<RowAxisIndex> ReferenceScanner::scanRow()

@@ -7,6 +7,7 @@
 #include <boost/utility/string_ref.hpp>
 
 #include <DOM/Public/FormulaReferences.h>
+#include <Utils/Public/TableIndices/RowColumnIndices.h>
 
 namespace QV::Formulas {
 
@@ -47,12 +48,17 @@ public:
     bool skip(char character);
     /// Takes @p word, case and all.
     bool skipWord(boost::string_ref word);
+    /// The same for ASCII letters of either case.
+    bool skipWordOfAnyCase(boost::string_ref word);
+    /// Whether the text goes on with the name of a table and "!".
+    bool isTableNext() const;
 
-    /// Place ::= Document? Tables "!" | Document "!" | "'" (Document? Tables, with "'" doubled) "'" "!"
+    /// Place ::= Document? Tables "!" | Document "!" | "'" ((Path? Document)? Tables, with "'" doubled) "'"
+    /// "!" What could be a cell is no first one of two tables without quotes or a document before it.
     boost::optional<ScannedPlace> scanPlace();
 
     /// End ::= "$"? Letters "$"? Digits | "$"? Letters | "$"? Digits, within the largest sheet, and not the
-    /// beginning of a longer word, of a call or of a reference to the columns of a table.
+    /// beginning of a longer word, of a call, of a place or of a reference to the columns of a table.
     boost::optional<ScannedEnd> scanEnd();
 
     /// A defined name: a letter, "_", "\" or any character beyond ASCII, then those, digits, "." and "?".
@@ -69,6 +75,7 @@ private:
     boost::optional<ScannedPlace> scanQuotedPlace();
     boost::optional<DOM::FormulaSyntaxTree::ColumnAxisIndex> scanColumn();
     boost::optional<DOM::FormulaSyntaxTree::RowAxisIndex> scanRow();
+    bool isCellNext() const;
     bool isInsideWord() const;
 
     boost::string_ref _rest;
@@ -76,6 +83,9 @@ private:
 
 /// The constants TRUE and FALSE, of either case.
 boost::optional<bool> readTruth(boost::string_ref word);
+
+/// The letters of a column within the largest sheet, of either case.
+boost::optional<ColumnIndex> readColumn(boost::string_ref word);
 
 /// Whether a table's name can stand before "!" without quotes, and is taken for nothing else there.
 bool isPlainTableName(boost::string_ref name);

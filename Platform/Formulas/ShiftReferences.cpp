@@ -74,8 +74,12 @@ struct Shifter
 DOM::Formula makeShifted(const DOM::Formula& formula, long rows, long columns)
 {
     const Shifter shifter{rows, columns};
-    if (auto root = applyVisitor(shifter, formula.getSyntaxTree()))
-        return DOM::Formula(std::move(root));
+    if (auto root = applyVisitor(shifter, formula.getSyntaxTree())) {
+        DOM::Formula shifted(std::move(root));
+        if (const auto range = formula.getArrayRange())
+            shifted.setArrayRange(*range);
+        return shifted;
+    }
     DOM::Formula shifted = formula;
     std::vector<CompoundExpr*> parents; // which stay, while leaves go
     for (Expr* const node : toExprStack(shifted.getSyntaxTree()))

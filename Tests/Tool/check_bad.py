@@ -3,8 +3,9 @@
 
 Usage: check_bad.py QVFILTER CORPUS EXPECTATIONS
 
-EXPECTATIONS, tab-separated: file, status, a part of the line on stderr (status 1) or of one message of the report
-(status 0; "-" where the file is sound in what is read), why. Every file of CORPUS/bad has its row.
+Each is imported, and asked for its links. EXPECTATIONS is about imports, tab-separated: file, status, a part of the
+line on stderr (status 1) or of one message of the report (status 0; "-" where the file is sound in what is read), why.
+Every file of CORPUS/bad has its row.
 """
 import pathlib
 import sys
@@ -28,7 +29,7 @@ def read_rows(path):
 
 def problems_of(path, watcher, row):
     verdict = watcher.watch(path)
-    problems = verdict.problems
+    problems = verdict.problems + [f"links: {problem}" for problem in watcher.watch_links(path).problems]
     said = [verdict.line.strip()] if verdict.status == 1 else verdict.messages
     if row is None:
         return problems + [f"has no row; got status {verdict.status}, heard {said[:3]}"]

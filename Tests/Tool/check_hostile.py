@@ -2,7 +2,8 @@
 """Feeds packages that were made to do harm to the program, and watches it.
 
 Usage: check_hostile.py QVFILTER [--only NAME] [--keep FOLDER]
-The packages are made anew in a temporary folder; --keep writes them to FOLDER for a closer look.
+Each package is imported, and asked for its links. They are made anew in a temporary folder; --keep writes them to
+FOLDER for a closer look.
 """
 import argparse
 import io
@@ -33,7 +34,7 @@ def problems_of(case, watcher, path):
         return [str(tuple(found)) for found in compare_model(verdict.model, media, verdict.report, sheets)]
 
     verdict = watcher.watch(path, compare)
-    problems = verdict.problems
+    problems = verdict.problems + [f"links: {problem}" for problem in watcher.watch_links(path).problems]
     if verdict.status not in case.statuses:
         problems.append(f"expected status {sorted(case.statuses)}, got {verdict.status}: {verdict.line[:300]!r}")
     said = [verdict.line] if verdict.status == 1 else verdict.messages

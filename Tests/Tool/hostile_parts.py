@@ -106,6 +106,12 @@ def formula(text):
     return cells(f'<c r="A1"><f>{text}</f><v>1</v></c>', number("B1", 2))
 
 
+def many_formulas(count, pattern):
+    """Cells downwards from A1, each with the formula that its number makes of the pattern."""
+    return sheet("<sheetData>" + "".join(f'<row r="{i}"><c r="A{i}"><f>{pattern.format(i)}</f><v>1</v></c></row>'
+                                         for i in range(1, count + 1)) + "</sheetData>")
+
+
 def linked_grid():
     return packed(plain('<hyperlinks><hyperlink ref="A1:XFD1048576" location="Sheet1!A1"/></hyperlinks>'))
 
@@ -200,6 +206,9 @@ CASES = [
     Case("formula-deep-calls", lambda: formula("ABS(" * 50000 + "1" + ")" * 50000), ACCEPTED),
     Case("formula-long", lambda: formula("1" + "+1" * 500000), ACCEPTED),
     Case("formula-deep-signs", lambda: formula("-" * 100000 + "1"), ACCEPTED),
+    Case("formulas-of-200000-documents", lambda: many_formulas(200000, "[{}.xlsx]S!A1"), ACCEPTED),
+    Case("formulas-of-200000-numbers", lambda: many_formulas(200000, "[{}]S!A1"), ACCEPTED,
+         "Formulas refer to document 1,"),
     Case("text-at-limit", lambda: long_text(32767), ACCEPTED, compare=True),
     Case("text-beyond-limit", lambda: long_text(100000), ACCEPTED, compare=True),
     Case("sheet-name-leaves", lambda: packed(workbook([("../../harm", "visible", "<sheetData/>")])), ACCEPTED,
@@ -209,6 +218,9 @@ CASES = [
     Case("relation-to-file", lambda: related_workbook(("rId1", "worksheet", "file:///etc/passwd")), EITHER, "passwd"),
     Case("relation-external", lambda: related_workbook(("rId1", "worksheet", "file:///etc/passwd", "External")),
          EITHER),
+    Case("relations-external-20000", lambda: related_workbook(
+        ("rId1", "worksheet", "worksheets/sheet1.xml"),
+        *((f"x{i}", "hyperlink", f"../{i}.xlsx", "External") for i in range(20000))), ACCEPTED),
     Case("relation-to-itself", lambda: related_workbook(("rId1", "worksheet", "workbook.xml")), EITHER, "workbook.xml"),
     Case("relation-ids-twice", lambda: related_workbook(("rId1", "worksheet", "worksheets/sheet1.xml"),
                                                         ("rId1", "worksheet", "workbook.xml")), EITHER),

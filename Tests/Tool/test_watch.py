@@ -41,10 +41,29 @@ TRACED_ROWS = (
     ("WritesOutside", HONEST + ': > "${2%/*}/stray"', "stray"),
     ("RunsProgram", HONEST + "/bin/true", '"/bin/true"'),
 )
+HONEST_LINKS = """
+echo '{"links": [], "messages": []}'
+"""
+LINKS_ROWS = (
+    ("Honest", HONEST_LINKS, ""),
+    ("Refuses", REFUSING, ""),
+    ("DiesOfSignal", "kill -SEGV $$", "ended with -11"),
+    ("Hangs", "while :; do :; done", "took more than"),
+    ("RefusesSilently", "exit 1", "one line was due"),
+    ("RefusesButWrites", HONEST_LINKS + REFUSING, "links"),
+    ("AcceptsButComplains", HONEST_LINKS + "echo odd >&2", "accepted, yet said"),
+    ("AcceptsWithoutLinks", "echo '{}'", "wrote no links"),
+    ("AcceptsWithoutJson", "echo none", "wrote no links"),
+    ("LeavesFileInWorkingFolder", HONEST_LINKS + "echo > left.tmp", "left behind: ['work/left.tmp']"),
+)
+TRACED_LINKS_ROWS = (
+    ("ReadsItsInput", 'read x < "$2"' + HONEST_LINKS, ""),
+    ("ReadsOtherFile", HONEST_LINKS + "read x < /etc/passwd", '"/etc/passwd"'),
+)
 
 
 class Watch(unittest.TestCase):
-    def check(self, rows):
+    def check(self, rows, watch=watched_import.Watcher.watch):
         for name, script, finding in rows:
             with self.subTest(name), tempfile.TemporaryDirectory() as folder:
                 program, source = pathlib.Path(folder) / "program", pathlib.Path(folder) / "harm.xlsx"
@@ -52,7 +71,7 @@ class Watch(unittest.TestCase):
                 program.chmod(0o755)
                 source.write_bytes(b"harm")
                 with mock.patch.object(watched_import, "SECONDS", 2):
-                    verdict = watched_import.Watcher(program).watch(source)
+                    verdict = watch(watched_import.Watcher(program), source)
                 if finding:
                     self.assertTrue(any(finding in problem for problem in verdict.problems), verdict.problems)
                 else:
@@ -61,10 +80,12 @@ class Watch(unittest.TestCase):
     def test_outcomes_and_outputs(self):
         with mock.patch.object(file_trace, "STRACE", None):
             self.check(ROWS)
+            self.check(LINKS_ROWS, watched_import.Watcher.watch_links)
 
     @unittest.skipUnless(file_trace.STRACE, "strace is not installed")
     def test_system_calls(self):
         self.check(ROWS[:3] + TRACED_ROWS)
+        self.check(TRACED_LINKS_ROWS, watched_import.Watcher.watch_links)
 
 
 if __name__ == "__main__":

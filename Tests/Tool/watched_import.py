@@ -1,4 +1,4 @@
-"""One import of a file that nobody trusts, watched: time, memory, outputs, stray files, system calls."""
+"""One run over a file that nobody trusts, watched: time, memory, outputs, stray files, system calls."""
 import json
 import os
 import pathlib
@@ -22,44 +22,70 @@ class Verdict:
 
 
 class Watcher:
-    """Imports files with one program, each in a fresh folder; on_done(verdict, media folder) sees the outputs."""
+    """Runs one program over files, each time in a fresh folder."""
 
     def __init__(self, program):
         self._program = os.path.realpath(program)
         self._allowance = allowance(program)
 
     def watch(self, source, on_done=None):
-        verdict = self._watch_once(source, traced=False, on_done=on_done)
+        """Imports a file; on_done(verdict, media folder) sees the outputs and gives what is wrong with them."""
+        return self._watch_twice(lambda traced: self._import(source, traced, None if traced else on_done))
+
+    def watch_links(self, source):
+        """Asks for the links of a file."""
+        return self._watch_twice(lambda traced: self._list_links(source, traced))
+
+    @staticmethod
+    def _watch_twice(watch_once):
+        verdict = watch_once(False)
         if file_trace.STRACE:
-            again = self._watch_once(source, traced=True)
+            again = watch_once(True)
             verdict.problems += [problem for problem in again.problems if problem not in verdict.problems]
             if again.status != verdict.status:
                 verdict.problems.append(f"status {verdict.status} at first, then {again.status}")
         return verdict
 
-    def _watch_once(self, source, traced, on_done=None):
+    def _import(self, source, traced, on_done):
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name).resolve()
-            for part in ("work", "out", "temporary"):
-                (folder / part).mkdir()
             out = folder / "out"
-            command = [self._program, "import", str(source), "--model", str(out / "model.json"), "--report",
-                       str(out / "report.json"), "--media", str(out / "media"), "--ids", "sequential"]
-            log = folder / "calls"
-            if traced:
-                command = file_trace.command(log, command)
-            outcome = run(command, timeout=(60 if traced else SECONDS) * self._allowance.time, cwd=folder / "work",
-                          environment=self._environment(folder / "temporary", traced),
-                          limit_memory=0 if traced or self._allowance.instrumented else 8 * GIB)
-            verdict = Verdict(outcome.status, outcome.stderr.decode("utf-8", "replace"))
-            self._judge_bounds(outcome, traced, verdict.problems)
+            outcome, verdict = self._run(folder, source, traced, [
+                "import", str(source), "--model", str(out / "model.json"), "--report", str(out / "report.json"),
+                "--media", str(out / "media"), "--ids", "sequential"])
             self._judge_outputs(outcome, folder, verdict)
-            if traced:
-                libraries = pathlib.Path(self._program).parent.parent / "lib"
-                verdict.problems += file_trace.trespasses(log, [source, self._program, libraries], [out])
             if on_done and verdict.model is not None:
                 verdict.problems += on_done(verdict, out / "media")
             return verdict
+
+    def _list_links(self, source, traced):
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name).resolve()
+            outcome, verdict = self._run(folder, source, traced, ["links", str(source), "--json"])
+            present = self._find_outputs(folder, verdict)
+            if present or (verdict.status == 1 and outcome.stdout):
+                verdict.problems.append(f"wrote {sorted(present)} and {outcome.stdout[:99]!r}")
+            if verdict.status == 0:
+                self._judge_links(outcome, verdict)
+            else:
+                self._judge_refusal(verdict)
+            return verdict
+
+    def _run(self, folder, source, traced, arguments):
+        for part in ("work", "out", "temporary"):
+            (folder / part).mkdir()
+        command, log = [self._program, *arguments], folder / "calls"
+        if traced:
+            command = file_trace.command(log, command)
+        outcome = run(command, timeout=(60 if traced else SECONDS) * self._allowance.time, cwd=folder / "work",
+                      environment=self._environment(folder / "temporary", traced),
+                      limit_memory=0 if traced or self._allowance.instrumented else 8 * GIB)
+        verdict = Verdict(outcome.status, outcome.stderr.decode("utf-8", "replace"))
+        self._judge_bounds(outcome, traced, verdict.problems)
+        if traced:
+            libraries = pathlib.Path(self._program).parent.parent / "lib"
+            verdict.problems += file_trace.trespasses(log, [source, self._program, libraries], [folder / "out"])
+        return outcome, verdict
 
     def _environment(self, temporary, traced):
         environment = {**os.environ, "TMPDIR": str(temporary)}
@@ -74,24 +100,45 @@ class Watcher:
             problems.append(f"took {outcome.peak_bytes / GIB:.2f} GiB")
 
     @staticmethod
-    def _judge_outputs(outcome, folder, verdict):
+    def _find_outputs(folder, verdict):
         present = {path.relative_to(folder).as_posix() for path in folder.rglob("*")}
         present -= {"work", "out", "temporary", "calls"}
-        stray = sorted(path for path in present if not path.startswith("out/"))
+        stray = {path for path in present if not path.startswith("out/")}
         if stray:
-            verdict.problems.append(f"left behind: {stray}")
+            verdict.problems.append(f"left behind: {sorted(stray)}")
+        return present - stray
+
+    @staticmethod
+    def _judge_outputs(outcome, folder, verdict):
+        present = Watcher._find_outputs(folder, verdict)
         if outcome.stdout:
             verdict.problems.append(f"wrote to stdout: {outcome.stdout[:99]!r}")
-        if verdict.status == 1:
-            lines = verdict.line.splitlines()
-            if len(lines) != 1 or not lines[0].strip() or not verdict.line.endswith("\n"):
-                verdict.problems.append(f"one line was due on stderr, not {verdict.line[:400]!r}")
-            if present - set(stray):
-                verdict.problems.append(f"refused, yet wrote {sorted(present)}")
-        elif verdict.status == 0:
+        if verdict.status == 0:
             Watcher._judge_model(folder / "out", present, verdict)
-        else:
+            return
+        Watcher._judge_refusal(verdict)
+        if verdict.status == 1 and present:
+            verdict.problems.append(f"refused, yet wrote {sorted(present)}")
+
+    @staticmethod
+    def _judge_refusal(verdict):
+        if verdict.status != 1:
             verdict.problems.append(f"ended with {verdict.status}: {verdict.line[-900:]!r}")
+            return
+        lines = verdict.line.splitlines()
+        if len(lines) != 1 or not lines[0].strip() or not verdict.line.endswith("\n"):
+            verdict.problems.append(f"one line was due on stderr, not {verdict.line[:400]!r}")
+
+    @staticmethod
+    def _judge_links(outcome, verdict):
+        if verdict.line:
+            verdict.problems.append(f"accepted, yet said {verdict.line[:400]!r}")
+        try:
+            keys = list(json.loads(outcome.stdout))
+        except ValueError as error:
+            keys = [str(error)]
+        if keys != ["links", "messages"]:
+            verdict.problems.append(f"wrote no links: {keys}")
 
     @staticmethod
     def _judge_model(out, present, verdict):

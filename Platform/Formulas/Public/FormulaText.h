@@ -3,7 +3,9 @@
 /// @file
 /// Formulas as spreadsheet files write them, with A1 references: text <-> syntax tree.
 
+#include <cstddef>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include <boost/optional.hpp>
@@ -18,6 +20,22 @@ class TableContext;
 
 /// The URLs of the documents that a file's formulas call [1], [2] and so on.
 using DocumentList = std::vector<std::string>;
+
+/// The numbers of the documents of a list, for all formulas of a file.
+class FORMULAS_API DocumentNumbers
+{
+public:
+    /// Those of no documents.
+    DocumentNumbers() = default;
+    explicit DocumentNumbers(const DocumentList& documents);
+
+    /// 1 for the first document of the list, and so on; of equal ones, the first one counts. 0 for a URL that
+    /// is not in the list. Constant time on average.
+    std::size_t findNumber(const std::string& url) const;
+
+private:
+    std::unordered_map<std::string, std::size_t> _numbers;
+};
 
 /// What was read, and what of it the syntax tree has no kinds for.
 struct ParsedFormula
@@ -60,17 +78,19 @@ FORMULAS_API boost::optional<ParsedFormula> parseFormula(
     boost::string_ref text, const DocumentList& documents = {});
 
 /// The formula's text: no blanks but those that are operators, parentheses where the tree needs them, and
-/// around lists. Tables are named by their current names in @p context, in quotes where they need them; a
-/// reference to an identifier that it does not know becomes "#REF!" and the cells. Documents of @p documents
-/// become their numbers, others stand in brackets as they are.
+/// around lists. Tables are named by their current names in @p context, in quotes but for those of letters
+/// and digits of any script, "_" and "." that are like no number, cell or constant; a reference to an
+/// identifier that it does not know becomes "#REF!" and the cells. Documents of @p documents become their
+/// numbers, others stand in brackets, with their folders before these.
 ///
-///     toText(formula, context); // "SUM('My sheet'!$A$1:$C$9)"
+///     toText(formula, context);                             // "SUM('My sheet'!$A$1:$C$9)"
+///     toText(other, context, DocumentNumbers({"b.xlsx"}));  // "[1]Sheet1!A1"
 ///
 /// parseFormula reads the text of any tree that it could have given back to an equal one, but for
 /// identifiers, and for names of tables and documents with brackets or colons. Linear time, constant stack.
 ///
 /// @return the text as the file has it for a formula that was not read
 FORMULAS_API std::string toText(
-    const DOM::Formula& formula, const TableContext& context, const DocumentList& documents = {});
+    const DOM::Formula& formula, const TableContext& context, const DocumentNumbers& documents = {});
 
 } // namespace QV::Formulas

@@ -156,10 +156,37 @@ TEST_F(CellFormulasImport, NumbersOfDocumentsBecomeTheirAddresses)
         dynamic_cast<const DOM::FormulaSyntaxTree::CellAddress*>(&findFormula(0)->getSyntaxTree());
     ASSERT_TRUE(cell);
     EXPECT_EQ(cell->getDocURL(), "file:///b2.xlsx");
-    EXPECT_EQ(print(1), "SUM('[file:///b1.xlsx]S'!A1)");
+    EXPECT_EQ(print(1), "SUM('file:///[b1.xlsx]S'!A1)");
     EXPECT_EQ(print(2), "[3]S!A1");
     EXPECT_EQ(print(3), "[4]S!A1");
     EXPECT_EQ(print(4), "Rate");
+    EXPECT_THAT(run->getLinks(), ElementsAre("file:///b1.xlsx", "file:///b2.xlsx"));
+    EXPECT_THAT(listMessages(), ElementsAre("Formulas refer to document 3, whose address is not known",
+                                    "Formulas refer to document 4, whose address is not known"));
+}
+
+TEST_F(CellFormulasImport, DocumentsWithoutAddressesAreNoLinks)
+{
+    const std::string none = "<Relationships "
+                             "xmlns='http://schemas.openxmlformats.org/package/2006/relationships'/>";
+    const std::string empty = "<Relationships "
+                              "xmlns='http://schemas.openxmlformats.org/package/2006/relationships'>"
+                              "<Relationship Id='a' Type='" +
+                              Tests::TransitionalTypes +
+                              "externalLinkPath' Target='' TargetMode='External'/></Relationships>";
+    builder.workbookHead = "<externalReferences><externalReference r:id='x1'/><externalReference r:id='x2'/>"
+                           "</externalReferences>";
+    for (const std::string number : {"1", "2"}) {
+        builder.workbookRelationships += Tests::makeRelationship(
+            "x" + number, Tests::TransitionalTypes + "externalLink", "ext" + number + ".xml");
+        builder.items.push_back({"xl/ext" + number + ".xml", "<externalLink/>"});
+        builder.items.push_back({"xl/_rels/ext" + number + ".xml.rels", number == "1" ? none : empty});
+    }
+    importCells({"<f>[1]S!A1+[2]S!A1</f>", "<f>[1]S!A2</f>"});
+    EXPECT_EQ(print(0), "[1]S!A1+[2]S!A1");
+    EXPECT_THAT(run->getLinks(), IsEmpty());
+    EXPECT_THAT(listMessages(), ElementsAre("Formulas refer to document 1, whose address is not known",
+                                    "Formulas refer to document 2, whose address is not known"));
 }
 
 TEST_F(CellFormulasImport, ColumnsOfTablesAreKeptAndSaidOnce)

@@ -1,6 +1,7 @@
 #include <Formulas/Public/FormulaText.h>
 
 #include <cmath>
+#include <cstddef>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -62,6 +63,8 @@ const FormulaRow FormulaRows[] = {
     {"ErrorNotAvailable",         "#N/A",                      "error{#N/A}",                                              nullptr                   },
     {"ErrorName",                 "#name?",                    "error{#NAME?}",                                            "#NAME?"                  },
     {"ErrorOfTable",              "Sheet1!#REF!",              "error{#REF!}",                                             "#REF!"                   },
+    {"ErrorOfTableSmall",         "Sheet1!#ref!+1",            "add{error{#REF!}" ONE "}",                                 "#REF!+1"                 },
+    {"ErrorOfBothSmall",          "#ref!#ref!",                "error{#REF!}",                                             "#REF!"                   },
     {"ErrorSpill",                "#SPILL!",                   "error{#SPILL!}",                                           nullptr                   },
     {"ErrorDivided",              "#DIV/0!/2",                 "divide{error{#DIV/0!}" TWO "}",                            nullptr                   },
     {"EqualSign",                 "=1",                        ONE,                                                        "1"                       },
@@ -119,12 +122,32 @@ const FormulaRow FormulaRows[] = {
     {"RangeToCall",               "A1:INDEX(B2)",              "between{" A_1 "INDEX(){" B_2 "}}",                         nullptr                   },
     {"RangeToCallLikeColumn",     "A:ABS(1)",                  "between{label{||A}ABS(){" ONE "}}",                        nullptr                   },
     {"RangeOnTables",             "Sheet1!A1:Sheet1!B2",       "between{cell{|Sheet1|c0 r0}cell{|Sheet1|c1 r1}}",          nullptr                   },
+    {"RangeToTable",              "A1:Sheet2!B2",              "between{cell{||c0 r0}cell{|Sheet2|c1 r1}}",                nullptr                   },
+    {"RangeToQuotedTable",        "A1:'My sheet'!B2",          "between{cell{||c0 r0}cell{|My sheet|c1 r1}}",              nullptr                   },
+    {"RangeToNameOnTable",        "A1:Sheet2!Rate",            "between{cell{||c0 r0}label{|Sheet2|Rate}}",                nullptr                   },
+    {"RangeToTableLikeCell",      "A1:B2!C3",                  "between{cell{||c0 r0}cell{|B2|c2 r2}}",                    "A1:'B2'!C3"              },
+    {"RangeFromTableToTable",     "Sheet1!A:B!C3",             "between{label{|Sheet1|A}cell{|B|c2 r2}}",                  nullptr                   },
+    {"RangeToTablesLikeColumn",   "S!A:'B:S'!C3",              "between{label{|S|A}range{|B|S|c2-2 r2-2}}",                nullptr                   },
+    {"RangeToCallOnTable",        "A1:Sheet2!F()",             "between{cell{||c0 r0}Sheet2!F(){}}",                       nullptr                   },
     {"RangeOfNames",              "First:Last",                "between{label{||First}label{||Last}}",                     nullptr                   },
     {"RangeOfThree",              "A1:B2:C3",                  "between{range{|||c0-1 r0-1}cell{||c2 r2}}",                nullptr                   },
     {"RangeOfParentheses",        "(A1):B2",                   "between{" A_1 B_2 "}",                                     nullptr                   },
     {"RangeWithOtherParentheses", "A1:(B2)",                   "between{" A_1 "list{" B_2 "}}",                            nullptr                   },
     {"RangeWithBlanks",           "A1 : B2",                   "range{|||c0-1 r0-1}",                                      "A1:B2"                   },
     {"RangeOfColumnsWithBlanks",  "A : C",                     "range{|||c0-2 rall}",                                      "A:C"                     },
+    {"RangeOfRowsWithBlanks",     "1 : 3",                     "range{|||call r0-2}",                                      "1:3"                     },
+    {"RangeOnTableWithBlanks",    "Sheet1!A1 : B$2",           "range{|Sheet1||c0-1 r0-=1}",                               "Sheet1!A1:B$2"           },
+    {"RangeOnTablesWithBlanks",   "Sa:Sc!A1 : B2",             "range{|Sa|Sc|c0-1 r0-1}",                                  "'Sa:Sc'!A1:B2"           },
+    {"RangeToTableWithBlanks",    "A1 : Sheet2!B2",            "between{cell{||c0 r0}cell{|Sheet2|c1 r1}}",                "A1:Sheet2!B2"            },
+    {"RangeOfFormsWithBlanks",    "A1 : C",                    "between{cell{||c0 r0}label{||C}}",                         "A1:C"                    },
+    {"RangeToRangeWithBlanks",    "A1 : B2:C3",                "between{cell{||c0 r0}range{|||c1-2 r1-2}}",                "(A1):B2:C3"              },
+    {"RangeToColumnsWithBlanks",  "A : B:C",                   "between{label{||A}range{|||c1-2 rall}}",                   "(A):B:C"                 },
+    {"RangeFromNameToTable",      "(Sheet1):Sheet2!A1",        "between{label{||Sheet1}cell{|Sheet2|c0 r0}}",              nullptr                   },
+    {"RangeFromNameToCall",       "(Sheet1):'My sheet'!F()",   "between{label{||Sheet1}'My sheet'!F(){}}",                 nullptr                   },
+    {"RangeFromNameOnTable",      "S!Sheet1:Sheet2!A1",        "between{label{|S|Sheet1}cell{|Sheet2|c0 r0}}",             nullptr                   },
+    {"RangeFromNameToDocument",   "Sheet1:[1]Sheet2!A1",       "between{label{||Sheet1}cell{b.xlsx|Sheet2|c0 r0}}",
+     nullptr                                                                                                                                         },
+    {"RangeFromParentheses",      "F():(A1):B2",               "between{between{F(){}list{" A_1 "}}" B_2 "}",              nullptr                   },
     {"RangeAfterCallWithBlanks",  "F():A1 :B2",                "between{between{F(){}" A_1 "}" B_2 "}",                    "(F():A1):B2"             },
     {"Rows",                      "SUM(1:3)",                  "SUM(){range{|||call r0-2}}",                               nullptr                   },
     {"Intersection",              "A1:B2 B2",                  "both{range{|||c0-1 r0-1}" B_2 "}",                         nullptr                   },
@@ -156,6 +179,11 @@ const FormulaRow FormulaRows[] = {
     {"OwnDocument",               "[0]!Rate",                  "label{||Rate}",                                            "Rate"                    },
     {"DocumentByName",            "[b.xlsx]Sheet1!A1",         "cell{b.xlsx|Sheet1|c0 r0}",                                "[1]Sheet1!A1"            },
     {"OtherDocumentByName",       "[x.xlsx]Sheet1!A1",         "cell{x.xlsx|Sheet1|c0 r0}",                                nullptr                   },
+    {"DocumentWithPath",          "'C:\\d\\[x.xlsx]S'!A1+1",   "add{cell{C:\\d\\x.xlsx|S|c0 r0}" ONE "}",                  nullptr                   },
+    {"DocumentOfDigitsWithPath",  "'1/[2]S'!A1",               "cell{1/2|S|c0 r0}",                                        nullptr                   },
+    {"CallInDocumentWithPath",    "'a/[x.xlsx]'!F(1)",         "'a/[x.xlsx]'!F(){" ONE "}",                                nullptr                   },
+    {"RangeToDocumentWithPath",   "Sheet1:'a/[x.xlsx]S'!A1",   "between{label{||Sheet1}cell{a/x.xlsx|S|c0 r0}}",
+     nullptr                                                                                                                                         },
     {"NameOfDocument",            "[1]!Rate*2",                "multiply{label{b.xlsx||Rate}" TWO "}",                     nullptr                   },
     {"NameOnTable",               "'My sheet'!Rate",           "label{|My sheet|Rate}",                                    nullptr                   },
     {"RowOfTables",               "SUM(Sheet1:Sheet3!A1)",     "SUM(){range{|Sheet1|Sheet3|c0-0 r0-0}}",                   nullptr                   },
@@ -170,6 +198,8 @@ const FormulaRow FormulaRows[] = {
 
 const DocumentList Documents = {"b.xlsx", "file:///c d.xlsx"};
 
+const DocumentList OddDocuments = {"0", "a[1].xlsx", "2019", "it's.xlsx"};
+
 class ParseFormula : public testing::TestWithParam<FormulaRow>
 {
 };
@@ -180,7 +210,7 @@ TEST_P(ParseFormula, KeepsRow)
     const auto parsed = parseFormula(row.text, Documents);
     ASSERT_TRUE(parsed);
     EXPECT_EQ(describeTree(parsed->formula), row.tree);
-    const std::string printed = toText(parsed->formula, TableContext(), Documents);
+    const std::string printed = toText(parsed->formula, TableContext(), DocumentNumbers(Documents));
     EXPECT_EQ(printed, row.printed ? row.printed : row.text);
     const auto again = parseFormula(printed, Documents);
     ASSERT_TRUE(again);
@@ -216,6 +246,47 @@ TEST(ParseFormulaMarks, SayWhatTheTreeHasNoKindsFor)
     EXPECT_EQ(has("[3]Sheet1!A1+1"), std::make_pair(false, true));
     EXPECT_EQ(has("[3]!Rate"), std::make_pair(false, true));
     EXPECT_EQ(has("[99999999999999999999]!Rate"), std::make_pair(false, true));
+}
+
+TEST(ParseFormulaDocuments, MayHaveAnyNamesInRangesWithBlanks)
+{
+    for (std::size_t i = 1; i <= OddDocuments.size(); ++i) {
+        const std::string first = '[' + std::to_string(i) + "]S!A1";
+        const auto range = parseFormula(first + " : B2", OddDocuments);
+        ASSERT_TRUE(range);
+        EXPECT_EQ(describeTree(range->formula), "range{" + OddDocuments[i - 1] + "|S||c0-1 r0-1}");
+        EXPECT_EQ(toText(range->formula, TableContext(), DocumentNumbers(OddDocuments)), first + ":B2");
+
+        const std::string needless = '(' + first + "):F()";
+        const auto call = parseFormula(needless, OddDocuments);
+        ASSERT_TRUE(call);
+        EXPECT_EQ(toText(call->formula, TableContext(), DocumentNumbers(OddDocuments)), needless);
+    }
+}
+
+TEST(DocumentNumbers, AreThePlacesOfDocumentsInTheirList)
+{
+    const DocumentNumbers numbers({"a", "b", "a", "", "c"});
+    EXPECT_EQ(numbers.findNumber("a"), 1U) << "the first of equal ones";
+    EXPECT_EQ(numbers.findNumber("b"), 2U);
+    EXPECT_EQ(numbers.findNumber("c"), 5U);
+    EXPECT_EQ(numbers.findNumber("A"), 0U);
+    EXPECT_EQ(DocumentNumbers().findNumber("a"), 0U);
+}
+
+TEST(DocumentNumbers, AreFoundSoonForManyReferencesAndDocuments)
+{
+    constexpr std::size_t Count = 50000; // too many to search the list for each reference
+    DocumentList documents;
+    std::string text = "SUM(";
+    for (std::size_t i = 1; i <= Count; ++i) {
+        documents.push_back("file:///books/" + std::to_string(i) + ".xlsx");
+        text += (i == 1 ? "[" : ",[") + std::to_string(i) + "]S!A1";
+    }
+    text += ')';
+    const auto parsed = parseFormula(text, documents);
+    ASSERT_TRUE(parsed);
+    EXPECT_EQ(toText(parsed->formula, TableContext(), DocumentNumbers(documents)), text);
 }
 
 TEST(ToText, NamesTablesByTheirCurrentNames)

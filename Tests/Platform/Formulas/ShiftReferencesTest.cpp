@@ -7,6 +7,7 @@
 
 #include <Formulas/Public/FormulaText.h>
 #include <Formulas/Public/TableContext.h>
+#include <Utils/Public/TableIndices/TableRange.h>
 
 namespace QV::Formulas {
 namespace {
@@ -68,6 +69,18 @@ TEST_P(MakeShifted, KeepsRow)
 
 INSTANTIATE_TEST_SUITE_P(Rows, MakeShifted, testing::ValuesIn(ShiftRows),
     [](const auto& row) { return std::string(row.param.name); });
+
+TEST(MakeShiftedArrays, KeepTheirRanges)
+{
+    const TableRange cells(1, 1, 3, 2);
+    for (const char* const text : {"A1", "A1:B2", "A1+1", "A1:A1048576"}) {
+        auto parsed = parseFormula(text);
+        ASSERT_TRUE(parsed);
+        parsed->formula.setArrayRange(cells);
+        EXPECT_TRUE(makeShifted(parsed->formula, 1, 0).getArrayRange() == cells) << text;
+    }
+    EXPECT_FALSE(makeShifted(parseFormula("A1")->formula, 1, 0).getArrayRange());
+}
 
 TEST(MakeShiftedDistances, AreTakenInAnySize)
 {
