@@ -1,7 +1,6 @@
 #include <Formulas/ReferenceScanner.h>
 
 #include <algorithm>
-#include <utility>
 
 #include <boost/locale/utf.hpp>
 
