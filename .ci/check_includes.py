@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Holds include-what-you-use against our headers: each names what it uses, and nothing else.
+"""Holds include-what-you-use against our headers: each compiles alone and without a warning, names what it uses, and
+nothing else.
 
 Usage: check_includes.py [--sources] BUILD_DIR MAPPING. BUILD_DIR has a compile_commands.json of the Clang preset with
 VERIFY_INTERFACE_HEADER_SETS, whose one-include sources give the flags for each header. With --sources it prints what
@@ -16,6 +17,7 @@ import sys
 
 EXCEPTIONS = pathlib.Path(__file__).with_name("iwyu-exceptions.tsv")
 DROPPED_FLAGS = {"-Werror", "-c"}
+DIAGNOSTIC = re.compile(r"^(/[^:]+):(\d+):\d+: (?:fatal )?(?:error|warning): (.*)$")
 
 
 def is_ours(path):
@@ -44,12 +46,19 @@ def check(path, flags, mapping):
     options = [word for option in ("--no_fwd_decls", "--quoted_includes_first", f"--mapping_file={mapping}",
                                    "--max_line_length=400")
                for word in ("-Xiwyu", option)]
-    run = subprocess.run(["include-what-you-use", *options, *flags, "-w", *language, str(path)],
+    run = subprocess.run(["include-what-you-use", *options, *flags, *(["-w"] if language == [] else []), *language, str(path)],
                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8", check=False)
     shown = path.relative_to(pathlib.Path.cwd())
     if f"({path} has correct" not in run.stdout and f"{path} should add these lines:" not in run.stdout:
         return [f"{shown}:1: include-what-you-use came to no verdict: {run.stdout}"]
-    return list(complaints(shown, path, run.stdout))
+    return diagnostics(run.stdout) + list(complaints(shown, path, run.stdout))
+
+
+def diagnostics(output):
+    """What the compiler says of our files."""
+    found = (DIAGNOSTIC.match(line) for line in output.splitlines())
+    return [f"{pathlib.Path(match[1]).relative_to(pathlib.Path.cwd())}:{match[2]}: {match[3]}: see the compiler"
+            for match in found if match and is_ours(pathlib.Path(match[1]))]
 
 
 def complaints(shown, path, output):
