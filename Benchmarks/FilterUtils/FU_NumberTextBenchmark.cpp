@@ -3,44 +3,19 @@
 
 #include <FilterUtils/FU_NumberText.h>
 
-#include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
-#include <unicode/locid.h>
-#include <unicode/unistr.h>
+
+#include <Benchmarks/Support/KeptFormatter.h>
 
 namespace QV::FilterUtils {
 namespace {
 
 constexpr int Precision = 15;
-
-class KeptFormatter
-{
-public:
-    KeptFormatter()
-        : _format(u"0.#", icu::DecimalFormatSymbols(icu::Locale::getUS(), _status), _status)
-    {
-        _format.setRoundingMode(icu::DecimalFormat::kRoundHalfEven);
-        _format.setMaximumFractionDigits(Precision);
-    }
-
-    std::string toString(double value) const
-    {
-        icu::UnicodeString text;
-        std::string utf8;
-        _format.format(value, text).toUTF8String(utf8);
-        return utf8;
-    }
-
-private:
-    UErrorCode _status = U_ZERO_ERROR;
-    icu::DecimalFormat _format;
-};
 
 std::vector<double> makeValues()
 {
@@ -51,34 +26,32 @@ std::vector<double> makeValues()
     return values;
 }
 
-template <typename Format>
-void formatAll(benchmark::State& state, const Format& format)
+std::string formatThroughLibrary(double value)
 {
-    const std::vector<double> values = makeValues();
-    const KeptFormatter kept;
-    for (const double value : values)
-        if (formatDoubleToString(value, Precision) != kept.toString(value)) {
-            state.SkipWithError("the two formatters disagree");
-            return;
-        }
-    for (auto _ : state)
-        for (const double value : values)
-            benchmark::DoNotOptimize(format(value));
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
+    return formatDoubleToString(value, Precision);
 }
 
-void formatThroughLibrary(benchmark::State& state)
+std::string formatThroughKept(double value)
 {
-    formatAll(state, [](double value) { return formatDoubleToString(value, Precision); });
+    static const Benchmarks::KeptFormatter kept = [] {
+        Benchmarks::KeptFormatter made(u"0.#", icu::DecimalFormat::kRoundHalfEven);
+        made.setPrecision(Precision);
+        return made;
+    }();
+    return kept.toString(value);
 }
-BENCHMARK(formatThroughLibrary)->Name("formatDoubleToString/ours");
 
-void formatThroughKeptFormatter(benchmark::State& state)
+void measureLibrary(benchmark::State& state)
 {
-    const KeptFormatter kept;
-    formatAll(state, [&kept](double value) { return kept.toString(value); });
+    Benchmarks::formatAll(state, makeValues(), formatThroughLibrary, formatThroughKept);
 }
-BENCHMARK(formatThroughKeptFormatter)->Name("formatDoubleToString/reference");
+BENCHMARK(measureLibrary)->Name("formatDoubleToString/ours");
+
+void measureKept(benchmark::State& state)
+{
+    Benchmarks::formatAll(state, makeValues(), formatThroughKept, formatThroughLibrary);
+}
+BENCHMARK(measureKept)->Name("formatDoubleToString/reference");
 
 } // namespace
 } // namespace QV::FilterUtils

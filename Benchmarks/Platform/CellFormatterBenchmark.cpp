@@ -8,11 +8,9 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
-#include <unicode/locid.h>
-#include <unicode/unistr.h>
 
+#include <Benchmarks/Support/KeptFormatter.h>
 #include <OfficeUtils/Public/Parser.h>
 
 namespace QV::OfficeUtils {
@@ -69,26 +67,11 @@ BENCHMARK_CAPTURE(formatByCode, general, "General")->Name("formatGeneral/ours");
 
 void formatThroughKeptFormatter(benchmark::State& state)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::DecimalFormat kept(u"#,##0.00", icu::DecimalFormatSymbols(icu::Locale::getUS(), status), status);
-    kept.setRoundingMode(icu::DecimalFormat::kRoundHalfUp);
+    const Benchmarks::KeptFormatter kept(u"#,##0.00", icu::DecimalFormat::kRoundHalfUp);
     const CellFormatter formatter(Parser::parse("#,##0.00", Type).value(), DOM::DateSystem::From1900);
-    const auto format = [&kept](double value) {
-        icu::UnicodeString text;
-        std::string utf8;
-        kept.format(value, text).toUTF8String(utf8);
-        return utf8;
-    };
-    const std::vector<double> values = makeValues();
-    for (const double value : values)
-        if (format(value) != formatter.formatNumber(value).text) {
-            state.SkipWithError("the two formatters disagree");
-            return;
-        }
-    for (auto _ : state)
-        for (const double value : values)
-            benchmark::DoNotOptimize(format(value));
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
+    Benchmarks::formatAll(
+        state, makeValues(), [&kept](double value) { return kept.toString(value); },
+        [&formatter](double value) { return formatter.formatNumber(value).text; });
 }
 BENCHMARK(formatThroughKeptFormatter)->Name("formatDecimalNumber/reference");
 

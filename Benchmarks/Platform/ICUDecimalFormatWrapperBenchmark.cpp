@@ -2,16 +2,14 @@
 
 #include <OfficeUtils/Public/ICUDecimalFormatWrapper.h>
 
-#include <cstdint>
 #include <random>
 #include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
-#include <unicode/locid.h>
-#include <unicode/unistr.h>
+
+#include <Benchmarks/Support/KeptFormatter.h>
 
 namespace QV::OfficeUtils {
 namespace {
@@ -34,38 +32,25 @@ std::string formatThroughWrapper(double value)
     return format.toString(value);
 }
 
+std::string formatThroughKept(double value)
+{
+    static const Benchmarks::KeptFormatter kept = [] {
+        Benchmarks::KeptFormatter made(u"0.#", icu::DecimalFormat::kRoundHalfEven);
+        made.setPrecision(Precision);
+        return made;
+    }();
+    return kept.toString(value);
+}
+
 void wrap(benchmark::State& state)
 {
-    const std::vector<double> values = makeValues();
-    for (auto _ : state)
-        for (const double value : values)
-            benchmark::DoNotOptimize(formatThroughWrapper(value));
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
+    Benchmarks::formatAll(state, makeValues(), formatThroughWrapper, formatThroughKept);
 }
 BENCHMARK(wrap)->Name("ICUDecimalFormatWrapper/ours");
 
 void keep(benchmark::State& state)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::DecimalFormat kept(u"0.#", icu::DecimalFormatSymbols(icu::Locale::getUS(), status), status);
-    kept.setRoundingMode(icu::DecimalFormat::kRoundHalfEven);
-    kept.setMaximumFractionDigits(Precision);
-    const auto format = [&kept](double value) {
-        icu::UnicodeString text;
-        std::string utf8;
-        kept.format(value, text).toUTF8String(utf8);
-        return utf8;
-    };
-    const std::vector<double> values = makeValues();
-    for (const double value : values)
-        if (format(value) != formatThroughWrapper(value)) {
-            state.SkipWithError("the two formatters disagree");
-            return;
-        }
-    for (auto _ : state)
-        for (const double value : values)
-            benchmark::DoNotOptimize(format(value));
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(values.size()));
+    Benchmarks::formatAll(state, makeValues(), formatThroughKept, formatThroughWrapper);
 }
 BENCHMARK(keep)->Name("ICUDecimalFormatWrapper/reference");
 

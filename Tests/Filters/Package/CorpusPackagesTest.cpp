@@ -99,8 +99,9 @@ class CorpusPackages : public testing::TestWithParam<KindRow>
 TEST_P(CorpusPackages, OpenAndStartWhereTheySay)
 {
     const std::vector<std::string> files = listFiles(GetParam().folder);
-    if (files.empty())
+    if (!std::filesystem::exists(Corpus))
         GTEST_SKIP() << "the collection of documents is not at hand: " << Corpus.string();
+    ASSERT_FALSE(files.empty());
     for (const std::string& file : files) {
         SCOPED_TRACE(file);
         OperationReport report;
@@ -170,8 +171,9 @@ class BadPackages : public testing::TestWithParam<BadRow>
 TEST_P(BadPackages, EndInOneLine)
 {
     const std::string file = (Corpus / "bad" / GetParam().file).string();
-    if (!std::filesystem::exists(file))
+    if (!std::filesystem::exists(Corpus))
         GTEST_SKIP() << "the collection of documents is not at hand: " << Corpus.string();
+    ASSERT_TRUE(std::filesystem::exists(file)) << file;
     const auto refusal = findRefusal([&] { readAll(file); });
     EXPECT_THAT(refusal ? refusal->message : "", StartsWith(GetParam().message));
     EXPECT_EQ(refusal.has_value(), GetParam().message[0] != '\0');
@@ -183,8 +185,9 @@ INSTANTIATE_TEST_SUITE_P(Rows, BadPackages, testing::ValuesIn(BadRows),
 TEST(BadPackages, NeverCrash)
 {
     const std::vector<std::string> files = listFiles("bad");
-    if (files.empty())
+    if (!std::filesystem::exists(Corpus))
         GTEST_SKIP() << "the collection of documents is not at hand: " << Corpus.string();
+    ASSERT_FALSE(files.empty());
     for (const std::string& file : files) {
         SCOPED_TRACE(file);
         const auto refusal = findRefusal([&] { readAll(file); });
