@@ -140,7 +140,7 @@ const DOM::Series& getSeries(const DOM::Series& series)
 
 DOM::Series& getSeries(const std::unique_ptr<DOM::Series>& series)
 {
-    return *series;
+    return deref(series);
 }
 
 /// Calls @p visit with the tree of each formula of a chart, which may be constant.

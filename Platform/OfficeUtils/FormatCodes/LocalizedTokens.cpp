@@ -62,7 +62,7 @@ GeneratorPtr getGenerator(const std::string& locale, UErrorCode& status)
 icu::UnicodeString findPattern(const DateTimePatternItemSet& items, const LocaleContext& context)
 {
     const auto month = items.find({DateTimePatternToken::Month, 0});
-    const bool hasMonthName = month != items.end() && month->variant != 0;
+    const bool hasMonthName = month != items.end() && 1 <= month->variant && month->variant <= 3;
     icu::UnicodeString skeleton;
     for (const DateTimePatternItem& item : items)
         skeleton += icu::UnicodeString(getSkeleton(item, hasMonthName), -1, US_INV);

@@ -134,10 +134,10 @@ std::pair<boost::optional<unsigned long>, bool> readLanguage(boost::string_ref t
         return {0xF800UL, false};
     if (equalsIgnoringCase(text, "x-systime"))
         return {0xF400UL, false};
-    const bool isNumber =
-        !text.empty() && text.size() <= LanguageDigitsMax &&
-        std::all_of(text.begin(), text.end(), isHexDigit) &&
-        (text.size() > 3 || std::any_of(text.begin(), text.end(), isDigit)); // "de" is a name
+    const bool isNumber = !text.empty() && text.size() <= LanguageDigitsMax &&
+                          std::all_of(text.begin(), text.end(), isHexDigit) &&
+                          (text.size() == 1 || text.size() > 3 ||
+                              std::any_of(text.begin(), text.end(), isDigit)); // "de" is a name
     if (!isNumber) {
         const boost::string_ref name = text.substr(0, text.find(',')); // the shapes of digits follow
         return {findLanguage(std::string(name.begin(), name.end())), false};
@@ -298,7 +298,9 @@ bool SectionScanner::addMark(boost::string_ref content)
     if (dash != std::string::npos) {
         const auto language = readLanguage(boost::string_ref(text).substr(dash + 1));
         if (language.second) {
-            const std::size_t first = std::min(text.find_first_not_of('0', dash + 1), text.size() - 1);
+            std::size_t first = std::min(text.find_first_not_of('0', dash + 1), text.size() - 1);
+            if (!readLanguage(boost::string_ref(text).substr(first)).second)
+                --first; // a zero keeps it from being a name
             text.erase(dash + 1, first - dash - 1);
             std::transform(text.begin() + static_cast<std::ptrdiff_t>(dash), text.end(),
                 text.begin() + static_cast<std::ptrdiff_t>(dash), toUpper);

@@ -154,7 +154,7 @@ std::size_t getFirstCharacterSize(const std::string& text)
 class DateTimeWriter
 {
 public:
-    /// @param elapsed the same without its sign, which hours, minutes and seconds show beside an elapsed time
+    /// @param elapsed the same without its sign, which minutes and seconds show beside an elapsed time
     DateTimeWriter(const DateTime& value, const DateTime& elapsed, const Rule& rule, const Contents& contents,
         DateSystem system, const DateNames& names)
         : _value(value)

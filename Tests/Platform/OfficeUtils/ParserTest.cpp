@@ -274,6 +274,11 @@ TEST(Parser, ReadsLanguages)
         {"[$-de]d",               0x07UL      },
         {"[$-FAA1]d",             0xFAA1UL    },
         {"[$-C0A]d",              0xC0AUL     },
+        {"[$-C]d",                0x0CUL      },
+        {"[$-00C]d",              0x0CUL      },
+        {"[$-0DE]d",              0xDEUL      },
+        {"[$-0ABC]d",             0xABCUL     },
+        {"[$-000]d",              0UL         },
         {"[$-ja-JP,80]d",         0x411UL     },
         {"[$-,80]d",              boost::none },
         {"[$-FFFFFFFF]d",         0xFFFFFFFFUL},
@@ -284,6 +289,8 @@ TEST(Parser, ReadsLanguages)
         const auto expression = Parser::parse(row.code, Type::Spreadsheet);
         ASSERT_TRUE(expression) << row.code;
         EXPECT_EQ(expression->getDefaultNumberRule()->getLanguage(), row.language) << row.code;
+        const auto again = Parser::parse(Parser::toRegEx(*expression, Type::Spreadsheet), Type::Spreadsheet);
+        EXPECT_TRUE(again == expression) << row.code;
     }
 }
 
