@@ -11,7 +11,8 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
 find_program(QV_CCACHE ccache)
 if(QV_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${QV_CCACHE})
+    # Without these, what uses a precompiled header is compiled each time.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${QV_CCACHE})
 endif()
 
 add_library(qv_options INTERFACE)
@@ -87,6 +88,7 @@ function(qv_test source)
     target_compile_options(${qv_program_name} PRIVATE ${QV_TEST_OPTIONS})
     if(QV_TEST_PCH)
         target_precompile_headers(${qv_program_name} REUSE_FROM qv_test_headers)
+        target_compile_options(${qv_program_name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
     endif()
     add_test(NAME ${qv_program_name} COMMAND ${qv_program_name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
     set_tests_properties(${qv_program_name} PROPERTIES LABELS "${ARG_LABELS}" SKIP_RETURN_CODE 77)

@@ -20,18 +20,6 @@ namespace {
 
 using xercesc::DOMNode;
 
-std::u16string_view view(const XMLCh* text)
-{
-    return text ? std::u16string_view(text) : std::u16string_view();
-}
-
-std::string toUtf8(const XMLCh* text)
-{
-    std::string result;
-    appendUtf8(result, view(text));
-    return result;
-}
-
 bool equals(const XMLCh* text, const char16_t* other)
 {
     if (!text)

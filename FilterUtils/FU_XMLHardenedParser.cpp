@@ -25,14 +25,6 @@ namespace {
 // Blocks are small until the root is met, so that what precedes it can be bounded closely.
 constexpr std::size_t FirstBlockBytes = 4 << 10;
 
-std::string toUtf8(const XMLCh* text)
-{
-    std::string result;
-    if (text)
-        appendUtf8(result, text);
-    return result;
-}
-
 std::string describeAttributeLimit(const XMLReadOptions& options)
 {
     return fmt::format("an element has more than {} attributes", options.attributes);

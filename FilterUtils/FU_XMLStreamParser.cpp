@@ -13,6 +13,7 @@
 #include <xercesc/util/XMLUni.hpp>
 
 #include <FilterUtils/FU_XMLElement.h>
+#include <FilterUtils/FU_XMLText.h>
 
 namespace QV::FilterUtils {
 namespace {
@@ -20,11 +21,6 @@ namespace {
 // Xerces allocates up to a dozen times for an attribute; the rest is for what precedes a tag.
 constexpr std::size_t AllocationsPerAttribute = 16;
 constexpr std::size_t OtherAllocations = 1000;
-
-std::u16string_view view(const XMLCh* text)
-{
-    return text ? std::u16string_view(text) : std::u16string_view();
-}
 
 // Names of attributes are short, and most differ in their first character: no call to a comparison of memory,
 // which needs the length first, is worth its while.

@@ -15,8 +15,21 @@ namespace QV::FilterUtils {
 
 static_assert(std::is_same_v<XMLCh, char16_t>, "the parser's text is looked at through std::u16string_view");
 
+/// What a null pointer and an empty text have in common.
+inline std::u16string_view view(const XMLCh* text)
+{
+    return text ? std::u16string_view(text) : std::u16string_view();
+}
+
 /// Appends @p text as UTF-8; an unpaired surrogate becomes U+FFFD.
 void appendUtf8(std::string& result, std::u16string_view text);
+
+inline std::string toUtf8(const XMLCh* text)
+{
+    std::string result;
+    appendUtf8(result, view(text));
+    return result;
+}
 
 /// Writes the text as UTF-16, at most one unit for each byte, and returns the end of what was written; or
 /// null, where it is not UTF-8 (surrogates and overlong forms are not).

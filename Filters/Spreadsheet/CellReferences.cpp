@@ -87,6 +87,14 @@ boost::optional<TableRange> parseRangeReference(std::u16string_view text)
     return TableRange(rows.first, columns.first, rows.second + 1, columns.second + 1);
 }
 
+boost::optional<TableRange> parseRangeReference(const std::string& text)
+{
+    std::u16string wide;
+    for (const char c : text)
+        wide += static_cast<char16_t>(static_cast<unsigned char>(c));
+    return parseRangeReference(std::u16string_view(wide));
+}
+
 bool isInGrid(const CellIndex& cell)
 {
     return cell.getRow() <= MaxRowIndex && cell.getColumn() <= MaxColumnIndex;

@@ -3,6 +3,7 @@
 /// @file
 /// References of the spreadsheet grid as text: "B7", "A1:C3".
 
+#include <string>
 #include <string_view>
 
 #include <boost/optional.hpp>
@@ -24,6 +25,9 @@ FILTERS_API boost::optional<CellIndex> parseCellReference(std::u16string_view te
 
 /// Reads a rectangle: two cell names and a ":" between them, in any order of corners, or one cell name.
 FILTERS_API boost::optional<TableRange> parseRangeReference(std::u16string_view text);
+
+/// The same for a text of bytes, of which those beyond ASCII are in no reference.
+FILTERS_API boost::optional<TableRange> parseRangeReference(const std::string& text);
 
 FILTERS_API bool isInGrid(const CellIndex& cell);
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <map>
 #include <string>
-#include <string_view>
 
 #include <Filters/Package/Export.h>
+#include <Filters/Package/MessageCounts.h>
 
 namespace QV {
 class OperationReport;
@@ -25,13 +24,12 @@ public:
     ChartReport& operator=(const ChartReport&) = delete;
 
     /// Adds a message whose arguments are the part's name and @p value.
-    /// @param pattern outlives this object
     void add(const char* pattern, const std::string& value);
 
 private:
     std::string _part;
     OperationReport& _report;
-    std::map<std::string_view, unsigned long> _counts; // by pattern
+    MessageCounts _counts;
 };
 
 } // namespace QV::Filters

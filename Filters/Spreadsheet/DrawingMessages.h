@@ -1,10 +1,9 @@
 #pragma once
 
-#include <map>
-#include <string>
 #include <utility>
 
 #include <Filters/Package/Export.h>
+#include <Filters/Package/MessageCounts.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Filters {
@@ -35,7 +34,7 @@ public:
 
 private:
     OperationReport& _report;
-    std::map<std::string, unsigned long> _counts; // by pattern
+    MessageCounts _counts;
 };
 
 } // namespace QV::Filters

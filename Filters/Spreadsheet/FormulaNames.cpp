@@ -23,6 +23,7 @@
 #include <FilterUtils/FU_DocumentLinks.h>
 #include <FilterUtils/FU_TableNamesInFormulas.h>
 #include <Filters/Package/FilterRun.h>
+#include <Filters/Package/MessageCounts.h>
 #include <Formulas/Public/TableContext.h>
 #include <Utils/Public/OperationReport.h>
 #include <Utils/Public/Ptr/PtrUtils.h>
@@ -200,15 +201,16 @@ void resolveInCharts(DOM::Document& document, const Resolver& resolver)
 /// @param urls of documents that cells refer to; none of them empty
 void noteLinks(const boost::unordered_set<std::string>& urls, FilterRun& run)
 {
-    constexpr unsigned MessagesMax = 1000;
     const std::set<std::string> known(run.getLinks().begin(), run.getLinks().end());
-    unsigned messagesCount = 0;
+    constexpr const char* Pattern = "Formulas refer to document {}, whose address is not known";
+    MessageCounts counts;
     for (const std::string& url : std::set<std::string>(urls.begin(), urls.end())) {
         if (url.find_first_not_of("0123456789") != std::string::npos)
             run.addLink(url);
-        else if (known.count(url) == 0 && ++messagesCount <= MessagesMax)
-            run.getReport().emplace_back("Formulas refer to document {}, whose address is not known", url);
+        else if (known.count(url) == 0 && counts.add(Pattern))
+            run.getReport().emplace_back(Pattern, url);
     }
+    counts.finish(run.getReport());
 }
 
 } // namespace

@@ -19,7 +19,7 @@ using FilterUtils::XMLElement;
 /// The place as a range of a sheet; nothing for any other text.
 boost::optional<TableRange> readPlace(const std::string& text)
 {
-    const auto range = parseRangeReference(std::u16string(text.begin(), text.end())); // is ASCII, or no place
+    const auto range = parseRangeReference(text);
     const bool isOnSheet =
         range && isInGrid({RowIndex(range->getEndRow() - 1), ColumnIndex(range->getEndColumn() - 1)});
     return isOnSheet ? range : boost::none;

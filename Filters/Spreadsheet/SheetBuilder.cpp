@@ -23,7 +23,6 @@ namespace {
 constexpr unsigned long RowsMax = MaxRowIndex.get() + 1;
 constexpr unsigned long ColumnsMax = MaxColumnIndex.get() + 1;
 constexpr double ColumnWidthMax = 255;
-constexpr unsigned long MessagesMax = 1000; // of one pattern, for one sheet
 
 const std::pair<std::u16string_view, CellType> CellTypes[] = {
     {u"n",         CellType::Number      },
@@ -79,7 +78,7 @@ void SheetBuilder::setColumns(unsigned long firstNumber, unsigned long lastNumbe
 {
     if (firstNumber == 0 || firstNumber > lastNumber || firstNumber > ColumnsMax) {
         constexpr const char* Pattern = "Columns {} to {} are not columns of a sheet";
-        if (++_reported[Pattern] <= MessagesMax)
+        if (_reported.add(Pattern))
             _report.emplace_back(Pattern, std::to_string(firstNumber), std::to_string(lastNumber));
         return;
     }
@@ -286,7 +285,7 @@ std::string SheetBuilder::nameCell() const
 
 void SheetBuilder::reportCell(const char* pattern, const std::string& detail)
 {
-    if (++_reported[pattern] > MessagesMax)
+    if (!_reported.add(pattern))
         return;
     if (detail.empty())
         _report.emplace_back(pattern, nameCell());
@@ -296,7 +295,7 @@ void SheetBuilder::reportCell(const char* pattern, const std::string& detail)
 
 void SheetBuilder::reportValue(const char* pattern, const std::string& value)
 {
-    if (++_reported[pattern] <= MessagesMax)
+    if (_reported.add(pattern))
         _report.emplace_back(pattern, value);
 }
 
@@ -313,10 +312,7 @@ void SheetBuilder::finish()
 {
     _cells.finish();
     FilterUtils::applyMergedPropsToTable(_merges, RowsMax, ColumnsMax, _table);
-    for (const auto& reported : _reported)
-        if (reported.second > MessagesMax)
-            _report.emplace_back("{} more times: {}", std::to_string(reported.second - MessagesMax),
-                std::string(reported.first));
+    _reported.finish(_report);
 }
 
 } // namespace QV::Filters

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,6 +17,7 @@
 #include <DOM/Public/TableBuilder.h>
 #include <FilterUtils/FU_NonIntersectedRanges.h>
 #include <Filters/Package/Export.h>
+#include <Filters/Package/MessageCounts.h>
 #include <Filters/Spreadsheet/CellFormulas.h>
 #include <Filters/Spreadsheet/IsoDates.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
@@ -111,7 +111,7 @@ private:
     FilterUtils::NonIntersectedRanges _merges;
     CellFormulas _formulas;
     std::unordered_map<std::string, DOM::SharedCellText> _errors; // few distinct ones, in many cells
-    std::map<std::string_view, unsigned long> _reported;          // how often, by pattern
+    MessageCounts _reported;                                      // of this sheet
 
     unsigned long _nextRow = 0;
     unsigned long _nextColumn = 0;

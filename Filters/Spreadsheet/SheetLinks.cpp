@@ -29,14 +29,6 @@ namespace {
 
 using Link = std::shared_ptr<const DOM::Hyperlink>;
 
-std::u16string widen(const std::string& text)
-{
-    std::u16string wide; // references are ASCII
-    for (const char c : text)
-        wide += static_cast<char16_t>(static_cast<unsigned char>(c));
-    return wide;
-}
-
 /// Copies the runs of a paragraph with a link of their own.
 class LinkedRuns final : public DOM::RunVisitor
 {
@@ -135,7 +127,7 @@ public:
     /// Takes the links from the last one on, so that it keeps its cells.
     void add(const SheetLink& source)
     {
-        const auto range = parseRangeReference(widen(source.reference));
+        const auto range = parseRangeReference(source.reference);
         if (!range || !isInGrid({RowIndex(range->getEndRow() - 1), ColumnIndex(range->getEndColumn() - 1)})) {
             _report.emplace_back("Hyperlink on {} is on no range of a sheet", source.reference);
             return;

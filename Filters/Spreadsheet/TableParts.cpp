@@ -13,15 +13,6 @@ namespace {
 
 using FilterUtils::XMLElement;
 
-/// References are ASCII; anything else is none, as its bytes are then.
-std::u16string widen(const std::string& text)
-{
-    std::u16string wide;
-    for (const char c : text)
-        wide += static_cast<char16_t>(static_cast<unsigned char>(c));
-    return wide;
-}
-
 std::string readStyleName(const XMLElement& part)
 {
     for (const Dialect dialect : {Dialect::Transitional, Dialect::Strict})
@@ -41,7 +32,7 @@ void readTablePart(const XMLElement& part, DOM::Table& table, OperationReport& r
     if (name.empty())
         name = part.getAttributeValue("name").value_or(std::string());
     const std::string reference = part.getAttributeValue("ref").value_or(std::string());
-    const auto range = parseRangeReference(widen(reference));
+    const auto range = parseRangeReference(reference);
     if (!range || !isInGrid({RowIndex(range->getEndRow() - 1), ColumnIndex(range->getEndColumn() - 1)})) {
         report.emplace_back("Table {} takes {}, which is no range of a sheet", name, reference);
         return;

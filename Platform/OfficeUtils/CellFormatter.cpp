@@ -60,14 +60,6 @@ bool isForAllButNegative(const Condition& condition)
     }
 }
 
-/// A section for numbers, ready for use.
-struct Section
-{
-    Rule rule;
-    std::shared_ptr<const DateNames> names;
-    bool hidesSign;
-};
-
 Magnitude formatMagnitude(double number, const Rule& rule)
 {
     switch (rule.getKind()) {
@@ -100,6 +92,14 @@ boost::optional<DOM::Color> getColor(const Rule& rule)
 
 struct CellFormatter::Sections
 {
+    /// A section for numbers, ready for use.
+    struct Section
+    {
+        Rule rule;
+        std::shared_ptr<const DateNames> names;
+        bool hidesSign;
+    };
+
     std::vector<Section> conditional;
     boost::optional<Section> number;
     boost::optional<Rule> text;
@@ -128,7 +128,7 @@ CellFormatter::CellFormatter(const Expression& expression, DOM::DateSystem syste
         isRestNegative = isRestNegative || isForAllButNegative(*rule.getCondition());
     }
     if (expression.getDefaultNumberRule())
-        sections->number = Section{*expression.getDefaultNumberRule(),
+        sections->number = Sections::Section{*expression.getDefaultNumberRule(),
             findDateNames(*expression.getDefaultNumberRule()), isRestNegative};
     _sections = std::move(sections);
 }
@@ -141,7 +141,7 @@ DisplayedValue CellFormatter::formatNumber(double number) const
 {
     if (!std::isfinite(number))
         return {formatGeneral(number), boost::none};
-    const Section* const section = _sections->find(number);
+    const Sections::Section* const section = _sections->find(number);
     if (!section) {
         const bool isText = _sections->conditional.empty() && _sections->text;
         return {formatGeneral(number), isText ? getColor(*_sections->text) : boost::none};

@@ -25,7 +25,7 @@ struct HandlerSlot
     std::shared_ptr<const FailAssertHandler> handler = std::make_shared<FailAssertHandler>(writeAndAbort);
 };
 
-HandlerSlot& getSlot()
+HandlerSlot& getHandlerSlot()
 {
     static HandlerSlot slot;
     return slot;
@@ -38,7 +38,7 @@ void setFailAssertHandler(FailAssertHandler handler)
     if (!handler)
         handler = writeAndAbort;
     auto shared = std::make_shared<const FailAssertHandler>(std::move(handler));
-    HandlerSlot& slot = getSlot();
+    HandlerSlot& slot = getHandlerSlot();
     const std::lock_guard<std::mutex> lock(slot.mutex);
     slot.handler = std::move(shared);
 }
@@ -50,7 +50,7 @@ void doFailAssert(const char* file, int line, const char* expression)
 
 void doFailAssert(const char* file, int line, const char* expression, boost::string_ref message)
 {
-    HandlerSlot& slot = getSlot();
+    HandlerSlot& slot = getHandlerSlot();
     std::shared_ptr<const FailAssertHandler> handler;
     {
         const std::lock_guard<std::mutex> lock(slot.mutex);

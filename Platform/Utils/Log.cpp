@@ -15,7 +15,7 @@ struct SinkSlot
     std::atomic<bool> isSet{false};
 };
 
-SinkSlot& getSlot()
+SinkSlot& getSinkSlot()
 {
     static SinkSlot slot;
     return slot;
@@ -28,7 +28,7 @@ void setLogSink(LogSink sink)
     std::shared_ptr<const LogSink> shared;
     if (sink)
         shared = std::make_shared<const LogSink>(std::move(sink));
-    SinkSlot& slot = getSlot();
+    SinkSlot& slot = getSinkSlot();
     const std::lock_guard<std::mutex> lock(slot.mutex);
     slot.isSet = shared != nullptr;
     slot.sink = std::move(shared);
@@ -36,12 +36,12 @@ void setLogSink(LogSink sink)
 
 bool isLogSinkSet()
 {
-    return getSlot().isSet;
+    return getSinkSlot().isSet;
 }
 
 void writeLog(boost::string_ref line)
 {
-    SinkSlot& slot = getSlot();
+    SinkSlot& slot = getSinkSlot();
     std::shared_ptr<const LogSink> sink;
     {
         const std::lock_guard<std::mutex> lock(slot.mutex);

@@ -13,7 +13,7 @@ namespace {
 
 using namespace DOM::CellFormatModel;
 
-const char* const ComparisonNames[] = {"<", "<=", "=", "<>", ">=", ">"}; // in the order of the enumerators
+const char* const ComparisonSigns[] = {"<", "<=", "=", "<>", ">=", ">"}; // in the order of the enumerators
 
 constexpr boost::string_ref::size_type None = boost::string_ref::npos;
 
@@ -119,7 +119,7 @@ void printCondition(const Condition& condition, std::string& code)
     char number[32];
     const auto end = std::to_chars(std::begin(number), std::end(number), condition.limit).ptr;
     code += '[';
-    code += ComparisonNames[static_cast<std::size_t>(condition.comparison)];
+    code += ComparisonSigns[static_cast<std::size_t>(condition.comparison)];
     code.append(number, end);
     code += ']';
 }
