@@ -132,11 +132,13 @@ TEST_F(ResolveFormulaNames, NumbersOfDocumentsAreNoLinks)
     setFormula(table, MessagesMax + 2, 0, makeCellNode(std::string("Sheet1"), "1.5"));
     resolveFormulaNames(run);
     EXPECT_THAT(run.getLinks(), ElementsAre("1", "1.5")) << "a document may well be called 1";
-    ASSERT_EQ(run.getReport().getMessages().size(), MessagesMax);
+    ASSERT_EQ(run.getReport().getMessages().size(), MessagesMax + 1);
     EXPECT_EQ(run.getReport().getMessages()[0].toString(),
         "Formulas refer to document 0, whose address is not known");
     EXPECT_EQ(run.getReport().getMessages()[1].toString(),
         "Formulas refer to document 10, whose address is not known");
+    EXPECT_EQ(run.getReport().getMessages().back().toString(),
+        "1 more times: Formulas refer to document {}, whose address is not known");
 }
 
 TEST_F(ResolveFormulaNames, ManyDocumentsAreNotedSoon)
