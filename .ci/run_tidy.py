@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy with .clang-tidy over all sources, as many at a time as there are processors.
+"""Runs clang-tidy with .clang-tidy over the sources of a build, as many at a time as there are processors.
 
 Usage: run_tidy.py BUILD_DIR [PATH_PART]. BUILD_DIR has a compile_commands.json of Clang, whose warnings are findings as
-well. They are all that is asked of tests, benchmarks and fuzzers. PATH_PART picks sources whose path holds it.
+well. They are all that is asked of tests and benchmarks; fuzzers are not in it. PATH_PART picks sources whose path holds it.
 
 Nearly all of clang-tidy's time goes into the headers of the libraries, which every source brings along. So sources of one
 folder and one target that define no name twice are checked as one text, and the lines that it finds are told in terms of

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,24 @@ private:
     UErrorCode _status = U_ZERO_ERROR;
     icu::DecimalFormat _format;
 };
+
+/// The same with at most so many digits after the point, as who asks for plain numbers wants it.
+inline KeptFormatter makeKeptFormatter(int digits)
+{
+    KeptFormatter kept(u"0.#", icu::DecimalFormat::kRoundHalfEven);
+    kept.setPrecision(digits);
+    return kept;
+}
+
+/// Whole numbers, and numbers with three digits after the point, always the same.
+inline std::vector<double> makePlainValues()
+{
+    std::mt19937 random(1);
+    std::vector<double> values;
+    for (int i = 0; i < 64; ++i)
+        values.push_back(static_cast<double>(random() % 2000000) / (i % 4 == 0 ? 1 : 1000));
+    return values;
+}
 
 /// Formats all values in each round. An error where @p format and @p other disagree about one of them.
 template <typename Format, typename Other>
