@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs every benchmark of a build and prints one table of ratios; then measures the import.
+"""Runs every benchmark of a build and prints one table of ratios; then measures the imports.
 
 Usage: run.py BUILD_DIR [--filter REGEX] [--repetitions 3] [--skip-import]
 
@@ -129,8 +129,9 @@ def main():
     print(f"{lines} pairs, {missed} bars missed\n", flush=True)
     tool = programs / "qvfilter"
     if not options.skip_import and tool.exists():
-        command = [HERE / "bench_import.py", tool, "--floor", programs / "InflateExpatFloor"]
-        missed += subprocess.run(["/usr/bin/python3", *map(str, command)], check=False).returncode
+        for command in ([HERE / "bench_import.py", tool, "--floor", programs / "InflateExpatFloor"],
+                        [HERE / "bench_text_import.py", tool]):
+            missed += subprocess.run(["/usr/bin/python3", *map(str, command)], check=False).returncode
     return 1 if missed else 0
 
 

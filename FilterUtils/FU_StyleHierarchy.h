@@ -7,8 +7,9 @@
 ///     std::shared_ptr<DOM::RunProps> props;
 ///     overrideRunPropsWithTracked(styles, props, run.getStyle(), mode); // null where nothing is set
 ///
-/// @c C is what holds the named styles. A parent that is not there ends a chain quietly. No walk looks for
-/// circles of parents: who takes parents from a file must not make any.
+/// @c C is what holds the named styles: DOM::Styles, or the NamedStylesFactory of a document that is being
+/// read. A parent that is not there ends a chain quietly. No walk looks for circles of parents: who takes
+/// parents from a file must not make any.
 ///
 /// The operations live with the document model's own; they are found in both namespaces.
 
@@ -19,6 +20,7 @@
 #include <DOM/Public/BordersProps.h> // IWYU pragma: keep
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/NamedTextStyle.h>
+#include <DOM/Public/NumberingRef.h>   // IWYU pragma: keep
 #include <DOM/Public/ParagraphStyle.h> // IWYU pragma: keep
 #include <DOM/Public/Properties.h>     // IWYU pragma: keep
 #include <DOM/Public/RunProps.h>
@@ -30,7 +32,13 @@
 #include <Utils/Public/Ptr/PtrUtils.h>
 #include <Utils/Public/UUID.h> // IWYU pragma: keep
 
+namespace QV::FilterUtils {
+class NamedStylesFactory;
+} // namespace QV::FilterUtils
+
 namespace QV::DOM {
+
+class Paragraph;
 
 /// The kind of named style that a style of kind @p S derives from.
 template <typename S>
@@ -56,7 +64,8 @@ struct NamedStyleOf<CellStyle> : NamedStyleOf<NamedTableStyle>
 };
 
 /// The named style that @p style derives from; null where it derives from none, or from one that is not
-/// there. O(log n) for n styles.
+/// there. O(log n) for the n styles of DOM::Styles; O(n) for those of a factory, the first of which wins
+/// where two have one identifier.
 template <typename C, typename S>
 const typename NamedStyleOf<S>::Type* getParent(const C& styles, const S& style);
 
@@ -87,6 +96,18 @@ void override(std::shared_ptr<Props>& target, const std::shared_ptr<const Props>
         target = std::make_shared<Props>(*source);
 }
 
+/// The same for objects with one owner.
+template <typename Props>
+void override(std::unique_ptr<Props>& target, const std::unique_ptr<Props>& source)
+{
+    if (!source)
+        return;
+    if (target)
+        override(*target, *source);
+    else
+        target = std::make_unique<Props>(*source);
+}
+
 /// Lays what @p getter gives for each style of the chain that begins with @p start over @p accumulated, the
 /// root's first.
 template <typename C, typename T, typename S, typename G>
@@ -101,6 +122,13 @@ void overrideWithParentStyles(const C& styles, T& accumulated, const S* start, G
 template <typename C, typename S>
 void overrideRunPropsWithTracked(
     const C& styles, std::shared_ptr<RunProps>& result, const S& style, TrackChangesViewMode mode);
+
+/// The list and level of a paragraph: what its named styles give, the root first, then its own. With
+/// TrackChangesViewMode::FollowTrackedParents, a tracked parent stands in for the present one; the default
+/// paragraph style stands in where there is neither. Null where nothing is set.
+template <typename C, typename P>
+std::unique_ptr<NumberingRef> getOverridenNumRefWithTracked(
+    const C& styles, const P& paragraph, TrackChangesViewMode mode);
 
 extern template FILTERUTILS_API const NamedTextStyle* getParent<Styles, ParagraphStyle>(
     const Styles& styles, const ParagraphStyle& style);
@@ -122,20 +150,51 @@ extern template FILTERUTILS_API const NamedTextStyle* getParent<const Styles, Na
     const Styles& styles, const NamedTextStyle& style);
 extern template FILTERUTILS_API const NamedTableStyle* getParent<const Styles, NamedTableStyle>(
     const Styles& styles, const NamedTableStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle*
+getParent<FilterUtils::NamedStylesFactory, ParagraphStyle>(
+    const FilterUtils::NamedStylesFactory& styles, const ParagraphStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle* getParent<FilterUtils::NamedStylesFactory, RunStyle>(
+    const FilterUtils::NamedStylesFactory& styles, const RunStyle& style);
+extern template FILTERUTILS_API const NamedTextStyle*
+getParent<FilterUtils::NamedStylesFactory, NamedTextStyle>(
+    const FilterUtils::NamedStylesFactory& styles, const NamedTextStyle& style);
+extern template FILTERUTILS_API const NamedTableStyle*
+getParent<FilterUtils::NamedStylesFactory, NamedTableStyle>(
+    const FilterUtils::NamedStylesFactory& styles, const NamedTableStyle& style);
+extern template FILTERUTILS_API const NamedTableStyle* getParent<FilterUtils::NamedStylesFactory, TableStyle>(
+    const FilterUtils::NamedStylesFactory& styles, const TableStyle& style);
+extern template FILTERUTILS_API const NamedTableStyle* getParent<FilterUtils::NamedStylesFactory, CellStyle>(
+    const FilterUtils::NamedStylesFactory& styles, const CellStyle& style);
 extern template FILTERUTILS_API void override<RunProps>(
     std::shared_ptr<RunProps>& target, const std::shared_ptr<const RunProps>& source);
 extern template FILTERUTILS_API void override<BordersProps>(
     std::shared_ptr<BordersProps>& target, const std::shared_ptr<const BordersProps>& source);
+extern template FILTERUTILS_API void override<NumberingRef>(
+    std::unique_ptr<NumberingRef>& target, const std::unique_ptr<NumberingRef>& source);
 extern template FILTERUTILS_API void overrideRunPropsWithTracked<Styles, RunStyle>(const Styles& styles,
     std::shared_ptr<RunProps>& result, const RunStyle& style, TrackChangesViewMode mode);
 extern template FILTERUTILS_API void overrideRunPropsWithTracked<Styles, ParagraphStyle>(const Styles& styles,
     std::shared_ptr<RunProps>& result, const ParagraphStyle& style, TrackChangesViewMode mode);
+extern template FILTERUTILS_API void overrideRunPropsWithTracked<FilterUtils::NamedStylesFactory, RunStyle>(
+    const FilterUtils::NamedStylesFactory& styles, std::shared_ptr<RunProps>& result, const RunStyle& style,
+    TrackChangesViewMode mode);
+extern template FILTERUTILS_API void
+overrideRunPropsWithTracked<FilterUtils::NamedStylesFactory, ParagraphStyle>(
+    const FilterUtils::NamedStylesFactory& styles, std::shared_ptr<RunProps>& result,
+    const ParagraphStyle& style, TrackChangesViewMode mode);
+extern template FILTERUTILS_API std::unique_ptr<NumberingRef>
+getOverridenNumRefWithTracked<Styles, Paragraph>(
+    const Styles& styles, const Paragraph& paragraph, TrackChangesViewMode mode);
+extern template FILTERUTILS_API std::unique_ptr<NumberingRef>
+getOverridenNumRefWithTracked<FilterUtils::NamedStylesFactory, Paragraph>(
+    const FilterUtils::NamedStylesFactory& styles, const Paragraph& paragraph, TrackChangesViewMode mode);
 
 } // namespace QV::DOM
 
 namespace QV::FilterUtils {
 
 using DOM::forEachStyleInHierarchy;
+using DOM::getOverridenNumRefWithTracked;
 using DOM::getParent;
 using DOM::override;
 using DOM::overrideRunPropsWithTracked;

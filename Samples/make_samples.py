@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Writes the sample workbooks beside this script, or checks that they are what it would write.
+"""Writes the sample documents beside this script, or checks that they are what it would write.
 
 Usage: make_samples.py [--check]. The bytes depend on this script alone: no clock, no locale, no environment.
 """
@@ -9,6 +9,7 @@ import sys
 import zipfile
 
 import orders
+import report
 from package_parts import (STRICT, STRICT_RELATIONS, inline, merges, number, row, shared, typed, workbook,
                            write_package)
 
@@ -80,6 +81,7 @@ def bad_values():
 
 SAMPLES = {
     "orders.xlsx": orders.parts,
+    "report.docx": report.parts,
     "strict.xlsx": strict,
     "no-refs.xlsx": no_refs,
     "date1904.xlsx": date1904,

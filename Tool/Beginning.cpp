@@ -9,7 +9,6 @@
 #include <utility>
 #include <vector>
 
-#include <boost/algorithm/string/replace.hpp>
 #include <fmt/format.h>
 
 #include <DOM/Public/Adapter/ResolvedCellStyle.h>
@@ -23,6 +22,7 @@
 #include <Filters/Package/CellDisplays.h>
 #include <Filters/Package/PackageError.h>
 #include <OfficeUtils/Public/CellFormatter.h>
+#include <ShownText.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 
 namespace QV::Tool {
@@ -36,8 +36,7 @@ constexpr std::size_t BytesMax = 16 << 20; // of their texts
 
 struct Shown
 {
-    std::string text;
-    std::size_t width; // in characters
+    ShownText text;
     bool isNumber;
 };
 
@@ -61,24 +60,6 @@ std::string showCell(const DOM::Cell& cell, const DOM::CellFormat* format, Filte
         return cell.getText()->getPlainText();
     }
     return {};
-}
-
-/// As much of a text as a column has room for.
-Shown cut(const std::string& text, bool isNumber)
-{
-    const auto isFirstByte = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
-    std::string shown = Filters::makePrintable(text);
-    boost::replace_all(shown, "\\x22", "\""); // which harm no terminal, and are no part of a message here
-    boost::replace_all(shown, "\\x5C", "\\");
-    auto width = static_cast<std::size_t>(std::count_if(shown.begin(), shown.end(), isFirstByte));
-    if (width > CharactersMax) {
-        std::size_t end = 0;
-        for (width = 0; width < CharactersMax - 1 || !isFirstByte(shown[end]); ++end)
-            width += isFirstByte(shown[end]) ? 1 : 0;
-        shown = shown.substr(0, end) + "\xE2\x80\xA6"; // an ellipsis
-        width = CharactersMax;
-    }
-    return {std::move(shown), width, isNumber};
 }
 
 /// Reads the first rows of a sheet that show something, and the first columns of these.
@@ -130,7 +111,8 @@ private:
             _rows.emplace_back();
         _index = it.getRowIndex();
         _columns.insert(column);
-        _rows.back().emplace(column, cut(line, it->getKind() == DOM::Cell::Kind::Number));
+        _rows.back().emplace(
+            column, Shown{makeShownText(line, CharactersMax), it->getKind() == DOM::Cell::Kind::Number});
     }
 
     /// Whether a column is, or can become, one of those that are shown.
@@ -154,7 +136,7 @@ std::map<unsigned long, std::size_t> findWidths(const std::vector<Row>& rows)
     std::map<unsigned long, std::size_t> widths;
     for (const Row& row : rows)
         for (const auto& cell : row)
-            widths[cell.first] = std::max(widths[cell.first], cell.second.width);
+            widths[cell.first] = std::max(widths[cell.first], cell.second.text.width);
     return widths;
 }
 
@@ -163,13 +145,13 @@ std::string layOut(const Row& row, const std::map<unsigned long, std::size_t>& w
     std::string line;
     for (const auto& column : widths) {
         const auto cell = row.find(column.first);
-        const std::size_t width = cell == row.end() ? 0 : cell->second.width;
+        const std::size_t width = cell == row.end() ? 0 : cell->second.text.width;
         const std::string blanks(column.second - width, ' ');
         line += "  ";
         if (cell == row.end())
             line += blanks;
         else
-            line += cell->second.isNumber ? blanks + cell->second.text : cell->second.text + blanks;
+            line += cell->second.isNumber ? blanks + cell->second.text.text : cell->second.text.text + blanks;
     }
     line.erase(line.find_last_not_of(' ') + 1);
     return line;

@@ -3,11 +3,11 @@
 #include <memory>
 
 #include <DocumentInput.h>
+#include <DocumentOutput.h>
+#include <Filters/DocumentImport.h>
 #include <Filters/ModelJson/ReportJson.h>
-#include <Filters/ModelJson/SpreadsheetJson.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
-#include <Filters/Spreadsheet/SpreadsheetImport.h>
 #include <MediaFolder.h>
 #include <OutputFile.h>
 #include <Summary.h>
@@ -33,12 +33,12 @@ void runImport(const ImportArguments& arguments)
     MediaFolder media(arguments.media);
     // Kept until the process ends: taking a large model apart would cost time and give nothing.
     static Filters::FilterRun& run = *new Filters::FilterRun(makeOptions(arguments, media));
-    Filters::importSpreadsheet(package, run);
+    const Filters::DocumentKind kind = Filters::importDocument(package, run);
 
     const bool wantsSummary = arguments.model.empty() && arguments.report.empty();
     if (wantsSummary) {
         OutputFile output("-");
-        writeSummary(arguments.file, run, output.getStream());
+        writeSummary(arguments.file, kind, run, output.getStream());
         output.complete();
     }
     std::unique_ptr<OutputFile> model;
@@ -48,7 +48,7 @@ void runImport(const ImportArguments& arguments)
     if (!arguments.report.empty())
         report = std::make_unique<OutputFile>(arguments.report);
     if (model) {
-        Filters::writeSpreadsheetJson(run, model->getStream());
+        writeModelJson(kind, run, model->getStream());
         model->complete();
     }
     if (report) {

@@ -2,13 +2,11 @@
 
 #include <cstddef>
 
-#include <boost/filesystem/path.hpp>
-
 #include <DocumentInput.h>
+#include <DocumentOutput.h>
+#include <Filters/DocumentImport.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
-#include <Filters/Preview/SpreadsheetPreview.h>
-#include <Filters/Spreadsheet/SpreadsheetImport.h>
 #include <OutputFile.h>
 
 namespace QV::Tool {
@@ -27,13 +25,10 @@ void runPreview(const PreviewArguments& arguments)
     options.documentFolder = getDocumentFolder(arguments.file);
     options.mediaMemory = PicturesMemory;
     Filters::FilterRun run(options);
-    Filters::importSpreadsheet(package, run);
+    const Filters::DocumentKind kind = Filters::importDocument(package, run);
 
-    const std::string title = arguments.file == StandardInput
-                                  ? std::string("qvfilter")
-                                  : boost::filesystem::path(arguments.file).filename().string();
     OutputFile output(arguments.output);
-    Filters::writeSpreadsheetPreview(run, title, output.getStream());
+    writePage(kind, run, makeTitle(arguments.file), output.getStream());
     output.complete();
     output.commit();
 }

@@ -15,6 +15,7 @@
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/PackageError.h>
+#include <TextSummary.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Tool {
@@ -104,6 +105,18 @@ std::vector<MessageGroup> groupMessages(const OperationReport& report)
     return groups;
 }
 
+void writeWorkbookSummary(const std::string& name, const Filters::FilterRun& run, std::ostream& out)
+{
+    std::vector<SheetRow> rows;
+    for (const DOM::Block& block : run.getDocument().getBlocks())
+        if (const auto* table = dynamic_cast<const DOM::Table*>(&block))
+            rows.push_back(makeSheetRow(*table));
+    out << fmt::format("{}: a workbook of {} {}\n", Filters::makePrintable(name), rows.size(),
+        rows.size() == 1 ? "sheet" : "sheets");
+    writeSheets(rows, out);
+    writeBeginning(run.getDocument(), out);
+}
+
 } // namespace
 
 void writeMessages(const OperationReport& report, std::ostream& out)
@@ -119,16 +132,13 @@ void writeMessages(const OperationReport& report, std::ostream& out)
     }
 }
 
-void writeSummary(const std::string& name, const Filters::FilterRun& run, std::ostream& out)
+void writeSummary(
+    const std::string& name, Filters::DocumentKind kind, const Filters::FilterRun& run, std::ostream& out)
 {
-    std::vector<SheetRow> rows;
-    for (const DOM::Block& block : run.getDocument().getBlocks())
-        if (const auto* table = dynamic_cast<const DOM::Table*>(&block))
-            rows.push_back(makeSheetRow(*table));
-    out << fmt::format("{}: a workbook of {} {}\n", Filters::makePrintable(name), rows.size(),
-        rows.size() == 1 ? "sheet" : "sheets");
-    writeSheets(rows, out);
-    writeBeginning(run.getDocument(), out);
+    if (kind == Filters::DocumentKind::Text)
+        writeTextSummary(name, run.getDocument(), out);
+    else
+        writeWorkbookSummary(name, run, out);
     std::vector<std::string> links;
     for (const std::string& link : run.getLinks())
         links.push_back(Filters::makePrintable(link));

@@ -3,6 +3,8 @@
 #include <iosfwd>
 #include <string>
 
+#include <Filters/Package/MainPart.h>
+
 namespace QV {
 class OperationReport;
 }
@@ -12,8 +14,10 @@ class FilterRun;
 
 namespace QV::Tool {
 
-/// Tells a person what came in: the sheets, the first cells, what was left out, and the messages in groups.
-void writeSummary(const std::string& name, const Filters::FilterRun& run, std::ostream& out);
+/// Tells a person what came in: the sheets or what a text holds, how it begins, what was left out, and the
+/// messages in groups.
+void writeSummary(
+    const std::string& name, Filters::DocumentKind kind, const Filters::FilterRun& run, std::ostream& out);
 
 /// Tells the messages of a report in groups; those about what was left out are not among them.
 void writeMessages(const OperationReport& report, std::ostream& out);

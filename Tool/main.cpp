@@ -8,11 +8,13 @@
 #include <fmt/format.h>
 #include <xercesc/util/PlatformUtils.hpp>
 
+#include <ConvertCommand.h>
 #include <Filters/Package/PackageError.h>
 #include <ImportCommand.h>
 #include <LinksCommand.h>
 #include <OutputFile.h>
 #include <PreviewCommand.h>
+#include <UsageError.h>
 #include <Utils/Public/Assertions.h>
 
 namespace {
@@ -50,8 +52,8 @@ bool isSameFile(const std::string& left, const std::string& right)
 
 void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
 {
-    CLI::App* const command =
-        app.add_subcommand("import", "Read a workbook; without --model or --report, print a summary");
+    CLI::App* const command = app.add_subcommand(
+        "import", "Read a workbook or a text document; without --model or --report, print a summary");
     command->add_option("FILE", arguments.file, "The document; - is standard input")->required();
     command->add_option("--model", arguments.model, "Write the model as JSON; - is standard output");
     command->add_option("--report", arguments.report, "Write the messages as JSON; - is standard output");
@@ -74,9 +76,31 @@ void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
     command->footer(ExitStatuses);
 }
 
+void addConvert(CLI::App& app, QV::Tool::ConvertArguments& arguments)
+{
+    CLI::App* const command = app.add_subcommand("convert",
+        "Write a document in another format: .txt and .md (text documents), .html, .json (the model)");
+    command->add_option("IN", arguments.file, "The document; - is standard input")->required();
+    command->add_option("OUT", arguments.output, "The output; its extension tells the format")->required();
+    command->add_option("--media", arguments.media, "Keep pictures in this folder");
+    command->add_option("--report", arguments.report, "Write the messages as JSON; - is standard output");
+    command->add_flag(
+        "--follow-links", arguments.followsLinks, "Read linked pictures that lie beside the document too");
+    command->callback([&] {
+        if (!QV::Tool::isConvertible(arguments.output))
+            throw CLI::ValidationError("OUT must end with .txt, .md, .html or .json");
+        if (isSameFile(arguments.output, arguments.report))
+            throw CLI::ValidationError("OUT and --report name the same file");
+        if (isSameFile(arguments.file, arguments.output) || isSameFile(arguments.file, arguments.report))
+            throw CLI::ValidationError("an output cannot replace the document that it is made from");
+    });
+    command->footer(ExitStatuses);
+}
+
 void addPreview(CLI::App& app, QV::Tool::PreviewArguments& arguments)
 {
-    CLI::App* const command = app.add_subcommand("preview", "Write a workbook as one page of HTML");
+    CLI::App* const command =
+        app.add_subcommand("preview", "Write a workbook or a text document as one page of HTML");
     command->add_option("FILE", arguments.file, "The document; - is standard input")->required();
     command->add_option("-o,--output", arguments.output, "The page; - is standard output")->required();
     command->add_flag(
@@ -105,30 +129,34 @@ int run(int count, char** texts)
     app.set_version_flag("--version", "qvfilter " QV_VERSION);
     app.require_subcommand(1);
     QV::Tool::ImportArguments import;
+    QV::Tool::ConvertArguments convert;
     QV::Tool::LinksArguments links;
     QV::Tool::PreviewArguments preview;
     addImport(app, import);
-    addLinks(app, links);
+    addConvert(app, convert);
     addPreview(app, preview);
+    addLinks(app, links);
     try {
         app.parse(count, texts);
     } catch (const CLI::ParseError& error) {
         return app.exit(error, std::cout, std::cerr) == 0 ? Done : WrongUsage;
     }
-    const bool isPreview = app.got_subcommand("preview");
-    const bool isLinks = app.got_subcommand("links");
     try {
-        if (isPreview)
+        if (app.got_subcommand("convert"))
+            QV::Tool::runConvert(convert);
+        else if (app.got_subcommand("preview"))
             QV::Tool::runPreview(preview);
-        else if (isLinks)
+        else if (app.got_subcommand("links"))
             QV::Tool::runLinks(links);
         else
             QV::Tool::runImport(import);
     } catch (const QV::Filters::PackageError& error) {
-        std::string file = isPreview ? preview.file : isLinks ? links.file : import.file;
+        std::string file = import.file + convert.file + preview.file + links.file; // all but one are empty
         if (file == "-")
             file = "standard input";
         return fail(QV::Filters::makePrintable(file) + ": " + error.what(), UnreadableInput);
+    } catch (const QV::Tool::UsageError& error) {
+        return fail(error.what(), WrongUsage);
     }
     return Done;
 }

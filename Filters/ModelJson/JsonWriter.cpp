@@ -26,6 +26,7 @@ JsonWriter::~JsonWriter()
 void JsonWriter::flush()
 {
     _out.write(_buffer.data(), static_cast<std::streamsize>(_buffer.size()));
+    _flushedSize += _buffer.size();
     _buffer.clear();
 }
 

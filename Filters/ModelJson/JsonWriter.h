@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -56,6 +57,9 @@ public:
 
     void flush();
 
+    /// Bytes so far, flushed or not.
+    std::size_t getWrittenSize() const { return _flushedSize + _buffer.size(); }
+
 private:
     void begin(char bracket);
     void end(char bracket);
@@ -66,6 +70,7 @@ private:
 
     std::ostream& _out;
     std::string _buffer;
+    std::size_t _flushedSize = 0;
     std::vector<bool> _hasMembers; // of each open object or array
     bool _followsKey = false;
 };

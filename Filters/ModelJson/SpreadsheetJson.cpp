@@ -21,6 +21,7 @@
 #include <FilterUtils/FU_Text.h>
 #include <Filters/ModelJson/FramesJson.h>
 #include <Filters/ModelJson/JsonWriter.h>
+#include <Filters/ModelJson/MediaJson.h>
 #include <Filters/ModelJson/PivotJson.h>
 #include <Filters/Package/CellDisplays.h>
 #include <Filters/Package/FilterRun.h>
@@ -250,21 +251,6 @@ void writeDefinedNames(const DOM::Document& document, const Formulas::TableConte
     json.endArray();
 }
 
-void writeMedia(const FilterRun& run, JsonWriter& json)
-{
-    json.writeKey("media");
-    json.beginArray();
-    for (const MediaItem& item : run.getMedia()) {
-        json.beginObject();
-        json.writeMember("id", item.id);
-        if (!item.mimeType.empty())
-            json.writeMember("mimeType", item.mimeType);
-        json.writeMember("bytes", static_cast<unsigned long>(item.bytes));
-        json.endObject();
-    }
-    json.endArray();
-}
-
 } // namespace
 
 void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
@@ -284,12 +270,7 @@ void writeSpreadsheetJson(FilterRun& run, std::ostream& out)
     }
     json.endArray();
     writeDefinedNames(run.getDocument(), tables, json);
-    json.writeKey("links");
-    json.beginArray();
-    for (const std::string& link : run.getLinks())
-        json.write(link);
-    json.endArray();
-    writeMedia(run, json);
+    writeLinksAndMediaJson(run, json);
     json.endObject();
 }
 

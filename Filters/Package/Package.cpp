@@ -16,7 +16,7 @@ namespace {
 
 std::string readStream(std::istream& in, std::uint64_t limit)
 {
-    using Kind = PackageError::Kind;
+    using Trouble = PackageError::Kind;
     constexpr std::size_t BlockSize = std::size_t{1} << 20;
     std::string bytes;
     try {
@@ -29,12 +29,12 @@ std::string readStream(std::istream& in, std::uint64_t limit)
             bytes.resize(size + count);
         }
     } catch (const std::ios_base::failure&) { // a stream's buffer may throw whatever the stream's mask says
-        throw PackageError(Kind::NotAPackage, "cannot be read");
+        throw PackageError(Trouble::NotAPackage, "cannot be read");
     }
     if (in.bad())
-        throw PackageError(Kind::NotAPackage, "cannot be read");
+        throw PackageError(Trouble::NotAPackage, "cannot be read");
     if (bytes.size() > limit)
-        throw PackageError(Kind::LimitExceeded,
+        throw PackageError(Trouble::LimitExceeded,
             fmt::format("holds more than {} bytes, the limit for a package that comes from a stream", limit));
     return bytes;
 }

@@ -169,8 +169,8 @@ CellLooks::Look CellLooks::makeLook(const DOM::CellStyle& style) const
     if (fill && fill->getRGBA().a != 0)
         look.css += fmt::format("background:{};box-shadow:none;", makeColorCss(*fill));
     look.css += makeFontCss(run);
-    if (style.getParaProps() && style.getParaProps()->getHorizontalAlignment()) {
-        const char* const css = getAlignmentCss(*style.getParaProps()->getHorizontalAlignment());
+    if (style.getParaProps() && style.getParaProps()->getAlignment()) {
+        const char* const css = getAlignmentCss(*style.getParaProps()->getAlignment());
         look.isAligned = *css != '\0';
         look.css += css;
     }

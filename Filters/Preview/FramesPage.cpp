@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <map>
+#include <iterator>
 
 #include <boost/variant/get.hpp>
 #include <fmt/format.h>
@@ -17,45 +17,27 @@
 #include <FilterUtils/FU_AnchorsConverter.h>
 #include <FilterUtils/FU_Colors.h>
 #include <FilterUtils/FU_GeometryParserUtils.h>
-#include <FilterUtils/FU_MediaStorage.h>
 #include <FilterUtils/FU_TableDimensionsInfo.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Preview/CellContent.h>
 #include <Filters/Preview/ChartImage.h>
 #include <Filters/Preview/HtmlText.h>
+#include <Filters/Preview/MediaUri.h>
 #include <Filters/Preview/SheetPage.h>
-#include <Utils/Public/Base64.h>
-#include <Utils/Public/InputStream.h>
 
 namespace QV::Filters {
 namespace {
 
 constexpr int DepthMax = 20; // of groups; more than this nobody sees apart
 
-/// What a browser may be given as a picture: no types that it would run or not know.
-bool isShownByBrowsers(const std::string& mimeType)
-{
-    const char* const types[] = {
-        "image/png", "image/jpeg", "image/gif", "image/bmp", "image/webp", "image/svg+xml"};
-    return std::find(std::begin(types), std::end(types), mimeType) != std::end(types);
-}
-
-std::string readAll(InputStream& stream)
-{
-    std::string bytes;
-    char buffer[1 << 16];
-    while (const std::size_t size = stream.read(buffer, sizeof(buffer), 0))
-        bytes.append(buffer, size);
-    return bytes;
-}
-
-/// Writes frames, and keeps the pictures that several of them show.
+/// Writes frames; pictures that several of them show are made once.
 class FramesWriter
 {
 public:
     FramesWriter(const PageContext& context, std::string& page)
         : _context(context)
         , _page(page)
+        , _pictures(context.run.getMediaStorage())
     {
     }
 
@@ -99,7 +81,7 @@ private:
 
     void writePicture(const DOM::Frame& frame, const DOM::Picture& picture, const std::string& css)
     {
-        const std::string& data = getData(picture);
+        const std::string& data = _pictures.getUri(picture);
         const std::string name = escapeHtml(frame.getName().empty() ? "Picture" : frame.getName());
         if (data.empty())
             _page += fmt::format(
@@ -107,17 +89,6 @@ private:
         else
             _page += fmt::format(
                 "<div class=\"frame\" style=\"{}\"><img alt=\"{}\" src=\"{}\"></div>\n", css, name, data);
-    }
-
-    const std::string& getData(const DOM::Picture& picture)
-    {
-        const auto added = _data.emplace(picture.getMediaId(), std::string());
-        std::string& data = added.first->second;
-        if (added.second && isShownByBrowsers(picture.getMimeType()))
-            if (const auto stream = _context.run.getMediaStorage().openMediaForReading(picture.getMediaId()))
-                data =
-                    fmt::format("data:{};base64,{}", picture.getMimeType(), base64Encode(readAll(*stream)));
-        return data;
     }
 
     /// @param corner of the frame; places of children are counted from where it is
@@ -150,8 +121,7 @@ private:
     const PageContext& _context;
     std::string& _page;
     std::size_t _count = 0;
-    std::map<std::string, std::string>
-        _data; // the URLs of pictures by id; empty where there is nothing to show
+    PictureUris _pictures;
 };
 
 } // namespace

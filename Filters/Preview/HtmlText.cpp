@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 
-#include <boost/algorithm/string/predicate.hpp>
 #include <fmt/format.h>
 
 namespace QV::Filters {
@@ -79,14 +78,6 @@ std::string escapeHtml(const std::string& text)
         i += std::max<std::size_t>(length, 1);
     }
     return result;
-}
-
-bool isSafeLink(const std::string& url)
-{
-    const bool isPlain = std::none_of(
-        url.begin(), url.end(), [](char c) { return static_cast<unsigned char>(c) <= 0x20 || c == 0x7F; });
-    return isPlain && (boost::istarts_with(url, "http://") || boost::istarts_with(url, "https://") ||
-                          boost::istarts_with(url, "mailto:"));
 }
 
 std::string quoteCss(const std::string& text)

@@ -15,10 +15,6 @@ namespace QV::Filters {
 /// elsewhere.
 FILTERS_API std::string escapeHtml(const std::string& text);
 
-/// Whether a page may link to @p url: http, https and mailto, in any letter case, and nothing else. Blanks
-/// and control characters, which browsers drop from a URL, do not hide another scheme.
-FILTERS_API bool isSafeLink(const std::string& url);
-
 /// A name as a quoted string of CSS, fit for a style sheet inside a page.
 FILTERS_API std::string quoteCss(const std::string& text);
 

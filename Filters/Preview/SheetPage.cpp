@@ -15,6 +15,7 @@
 #include <FilterUtils/FU_TableIndices.h>
 #include <FilterUtils/FU_Text.h>
 #include <Filters/Package/FilterRun.h>
+#include <Filters/Package/SafeLink.h>
 #include <Filters/Preview/CellContent.h>
 #include <Filters/Preview/FramesPage.h>
 #include <Filters/Preview/HtmlText.h>

@@ -6,8 +6,8 @@
 
 #include <DOM/Public/LineWidths.h>
 #include <DOM/Public/Properties.h>
+#include <Filters/Package/Colors.h>
 #include <Filters/Package/Namespaces.h>
-#include <Filters/Spreadsheet/Colors.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Filters {

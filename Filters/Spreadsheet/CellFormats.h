@@ -7,8 +7,8 @@
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/RunProps.h>
 #include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Package/Colors.h>
 #include <Filters/Package/Export.h>
-#include <Filters/Spreadsheet/Colors.h>
 
 namespace QV::Filters {
 class FilterRun;

@@ -9,8 +9,8 @@
 
 #include <DOM/Public/GraphicalObject.h>
 #include <Filters/Package/Export.h>
+#include <Filters/Package/PartPictures.h>
 #include <Filters/Spreadsheet/DrawingObjects.h>
-#include <Filters/Spreadsheet/DrawingPictures.h>
 
 namespace QV::DOM {
 class Shape;
@@ -61,7 +61,7 @@ private:
     FilterRun& _run;
     const Colors& _colors;
     ChartReader _readChart;
-    DrawingPictures _pictures;
+    PartPictures _pictures;
     std::size_t _objectsLeft = ObjectsMax;
 };
 

@@ -6,9 +6,9 @@
 #include <boost/optional.hpp>
 
 #include <FilterUtils/FU_XMLStreamReader.h>
+#include <Filters/Package/DrawingColors.h>
+#include <Filters/Package/DrawingElements.h>
 #include <Filters/Package/XmlParts.h>
-#include <Filters/Spreadsheet/DrawingColors.h>
-#include <Filters/Spreadsheet/DrawingElements.h>
 #include <Filters/Spreadsheet/DrawingMessages.h>
 #include <Filters/Spreadsheet/DrawingWords.h>
 #include <Utils/Public/OperationReport.h>

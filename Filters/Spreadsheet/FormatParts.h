@@ -11,9 +11,9 @@
 #include <DOM/Public/ParaProps.h>
 #include <DOM/Public/RunProps.h>
 #include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Package/Colors.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Spreadsheet/Borders.h>
-#include <Filters/Spreadsheet/Colors.h>
 #include <Filters/Spreadsheet/NumberFormats.h>
 
 namespace QV {

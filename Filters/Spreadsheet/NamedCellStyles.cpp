@@ -114,7 +114,7 @@ std::shared_ptr<const DOM::CellProps> makeCellProps(const Format& format)
 std::shared_ptr<const DOM::ParaProps> makeParaProps(const Format& format)
 {
     DOM::ParaProps props;
-    props.setHorizontalAlignment(format.horizontalAlignment);
+    props.setAlignment(format.horizontalAlignment);
     return keepUnlessEmpty(props);
 }
 
@@ -132,7 +132,7 @@ DOM::CellStyle makeOwnStyle(const Format& format, const DOM::NamedTableStyle& pa
     style.setParaProps(makeParaProps(format));
     if (!style.getParaProps() && parent.getParaProps()) {
         DOM::ParaProps props;
-        props.setHorizontalAlignment(DOM::HorizontalAlignment::General);
+        props.setAlignment(DOM::HorizontalAlignment::General);
         style.setParaProps(std::make_shared<DOM::ParaProps>(props));
     }
     const bool isParentPlain = !parent.getRunProps() || pointeesEqual(parent.getRunProps(), defaultFont);

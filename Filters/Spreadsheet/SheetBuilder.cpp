@@ -22,7 +22,7 @@ namespace {
 
 constexpr unsigned long RowsMax = MaxRowIndex.get() + 1;
 constexpr unsigned long ColumnsMax = MaxColumnIndex.get() + 1;
-constexpr double ColumnWidthMax = 255;
+constexpr double StoredWidthMax = 255;
 
 const std::pair<std::u16string_view, CellType> CellTypes[] = {
     {u"n",         CellType::Number      },
@@ -85,7 +85,7 @@ void SheetBuilder::setColumns(unsigned long firstNumber, unsigned long lastNumbe
     DOM::ColumnProps props;
     props.setHidden(isHidden);
     props.setSharedCellStyle(getLineStyle(format));
-    if (width && *width >= 0 && *width <= ColumnWidthMax)
+    if (width && *width >= 0 && *width <= StoredWidthMax)
         props.setWidth(convertCharactersToPoints(*width, _workbook.maxDigitWidth));
     else if (width)
         reportValue("Unexpected column width {}", fmt::format("{}", *width));

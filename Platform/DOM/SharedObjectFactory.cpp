@@ -18,4 +18,9 @@ SharedRunStyle SharedObjectFactory::getShared(const RunStyle& style)
     return getFrom(_runStyles, style);
 }
 
+SharedParagraphStyle SharedObjectFactory::getShared(const ParagraphStyle& style)
+{
+    return getFrom(_paragraphStyles, style);
+}
+
 } // namespace QV::DOM

@@ -10,11 +10,14 @@
 #include <gtest/gtest.h>
 
 #include <DOM/Public/NamedTextStyle.h>
+#include <DOM/Public/NumberingRef.h>
 #include <DOM/Public/ParagraphStyle.h>
 #include <DOM/Public/RunProps.h>
 #include <DOM/Public/RunStyle.h>
 #include <DOM/Public/Styles.h>
 #include <DOM/Public/TableStyle.h>
+#include <FilterUtils/FU_NamedStylesFactory.h>
+#include <Tests/Support/NumRefs.h>
 #include <Tests/Support/Printers.h>
 
 namespace QV::FilterUtils {
@@ -23,6 +26,8 @@ namespace {
 using DOM::TrackChangesViewMode;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using Tests::makeNumRef;
+using Tests::toText;
 
 std::shared_ptr<const DOM::RunProps> makeFont(const char* name, boost::optional<float> size = boost::none)
 {
@@ -132,6 +137,37 @@ TEST(Override, SetFieldsWinInTheTargetsObject)
     EXPECT_EQ(*target, *makeFont("B", 10.0F));
 }
 
+TEST(OverrideNumberingRef, NullSourceChangesNothing)
+{
+    std::unique_ptr<DOM::NumberingRef> target;
+    override<DOM::NumberingRef>(target, nullptr);
+    EXPECT_EQ(target, nullptr);
+    target = makeNumRef({1, 2, 3});
+    const DOM::NumberingRef* const object = target.get();
+    override<DOM::NumberingRef>(target, nullptr);
+    EXPECT_EQ(target.get(), object);
+    EXPECT_EQ(toText(target), toText({1, 2, 3}));
+}
+
+TEST(OverrideNumberingRef, NullTargetBecomesACopy)
+{
+    std::unique_ptr<DOM::NumberingRef> target;
+    const std::unique_ptr<DOM::NumberingRef> source = makeNumRef({1, -1, 0});
+    override(target, source);
+    EXPECT_NE(target, source);
+    EXPECT_EQ(toText(target), toText({1, -1, 0}));
+    EXPECT_EQ(toText(source), toText({1, -1, 0}));
+}
+
+TEST(OverrideNumberingRef, SetFieldsWinInTheTargetsObject)
+{
+    std::unique_ptr<DOM::NumberingRef> target = makeNumRef({1, 2, -1});
+    const DOM::NumberingRef* const object = target.get();
+    override(target, makeNumRef({-1, 0, 4}));
+    EXPECT_EQ(target.get(), object);
+    EXPECT_EQ(toText(target), toText({1, 0, 4}));
+}
+
 TEST(OverrideWithParentStyles, FoldsFromTheRoot)
 {
     DOM::Styles styles;
@@ -180,6 +216,15 @@ const TrackedRow TrackedRows[] = {
     {"OwnOverTracked",        true,  true,  false, true,  4, "own"    },
 };
 
+/// The same styles, as they are before the document is finished.
+NamedStylesFactory makeFactory(const DOM::Styles& styles)
+{
+    NamedStylesFactory factory;
+    for (const DOM::NamedTextStyle& style : styles.getTextStyles())
+        *factory.makeNamedTextStyle(boost::none) = style;
+    return factory;
+}
+
 class OverrideRunPropsWithTracked : public testing::TestWithParam<TrackedRow>
 {
 protected:
@@ -198,6 +243,15 @@ protected:
             style.setTrackedParent(row.isTrackedDangling ? UUID::generate() : tracked);
         if (row.hasOwn)
             style.setRunProps(makeFont("own"));
+        expectFont(styles, style);
+        expectFont(makeFactory(styles), style);
+    }
+
+private:
+    template <typename C, typename Style>
+    void expectFont(const C& styles, const Style& style)
+    {
+        const TrackedRow& row = GetParam();
         std::shared_ptr<DOM::RunProps> result;
         overrideRunPropsWithTracked(styles, result, style, static_cast<TrackChangesViewMode>(row.mode));
         ASSERT_EQ(result != nullptr, row.font != nullptr);

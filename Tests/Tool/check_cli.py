@@ -1,28 +1,26 @@
 #!/usr/bin/python3
 """Holds `qvfilter import` to its contract: exit statuses, streams, outputs, order of keys, repeatability.
 
+Text documents have check_text_cli.py, what it prints for a person has check_summary.py, and `qvfilter convert` has
+check_convert.py.
+
 Usage: check_cli.py QVFILTER SAMPLES_FOLDER [unittest options]
 """
 import json
 import os
 import pathlib
 import random
-import re
 import shutil
 import sys
-import tempfile
-import unittest
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent.parent / "Samples"))
 # pylint: disable=wrong-import-position
 import hostile_packages
 import hostile_parts
-from package_parts import STYLES, number, png, row, workbook, write_package
+from cli_case import UUID, Case, main
+from package_parts import number, png, row, workbook, write_package
 from tool_runner import allowance, run
-
-PROGRAM, SAMPLES = "", pathlib.Path()
-UUID = re.compile(r"[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}")
 
 # The documented keys of each object, in their order; others may stand between them.
 KEYS = {
@@ -36,35 +34,6 @@ KEYS = {
     "media": ["id", "mimeType", "bytes"],
 }
 OPTIONAL = {"pivotTables"} | set(KEYS["cell"][1:]) | set(KEYS["frame"][1:]) | {"to"}
-
-
-class Case(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name).resolve()
-        self.orders = SAMPLES / "orders.xlsx"
-
-    def call(self, *arguments, **options):
-        options.setdefault("timeout", 60 * allowance(PROGRAM).time)
-        options.setdefault("cwd", self.folder)
-        return run([PROGRAM, *map(str, arguments)], **options)
-
-    def expect(self, status, *arguments, **options):
-        outcome = self.call(*arguments, **options)
-        self.assertEqual(outcome.status, status, (arguments, outcome.stdout[:500], outcome.stderr[:500]))
-        if status in (1, 4):
-            self.assertEqual(len(outcome.error_lines()), 1, outcome.stderr)
-            self.assertTrue(outcome.stderr.endswith(b"\n"))
-        return outcome
-
-    def model_of(self, *arguments, **options):
-        outcome = self.expect(0, "import", *arguments, "--model", "-", "--ids", "sequential", **options)
-        self.assertEqual(outcome.stderr, b"")
-        return json.loads(outcome.stdout)
-
-    def assert_only(self, *names):
-        self.assertEqual(sorted(path.name for path in self.folder.iterdir()), sorted(names))
 
 
 class Usage(Case):
@@ -116,7 +85,7 @@ class Input(Case):
         self.assertEqual(self.model_of("-", stdin=self.orders.read_bytes()), self.model_of(self.orders))
         self.expect(1, "import", "-", "--model", "-", stdin=b"")
         self.expect(1, "import", "-", "--model", "-", stdin=self.orders.read_bytes()[:3000])
-        closed = run(["sh", "-c", f'exec "{PROGRAM}" import - <&-'], timeout=60 * allowance(PROGRAM).time)
+        closed = run(["sh", "-c", f'exec "{self.program}" import - <&-'], timeout=60 * allowance(self.program).time)
         self.assertEqual((closed.status, closed.stdout), (1, b""))
         self.assertEqual(closed.error_lines(), ["qvfilter: standard input: cannot be read"])
 
@@ -250,79 +219,10 @@ class Output(Case):
         self.model_of(self.orders)
         self.assert_only()
 
-    def test_summary_keeps_to_its_lines_whatever_the_names(self):
-        parts = workbook([("a\u009b31m\u0085b&c", "visible", "<sheetData/>")])
-        parts["xl/workbook.xml"] = parts["xl/workbook.xml"].replace("b&amp;c", "b&#10;c")
-        write_package(self.folder / "names.xlsx", parts)
-        text = self.expect(0, "import", "names.xlsx").stdout.decode()
-        self.assertIn("\\x0Ac", text)
-        for harm in ("\u009b", "\u0085"):
-            self.assertNotIn(harm, text)
-
-    def test_summary_is_for_a_person(self):
-        outcome = self.expect(0, "import", self.orders)
-        text = outcome.stdout.decode()
-        for word in ("Orders", "Summary", "Rates 2024"):
-            self.assertIn(word, text)
-        self.assertNotIn("\x1b", text)
-        self.assertNotIn("\r", text)
-        self.assertEqual(outcome.stderr, b"")
-        self.assert_only()
-
-
-    def summary_of(self, *sheets):
-        write_package(self.folder / "beginning.xlsx", workbook(sheets))
-        return self.expect(0, "import", "beginning.xlsx").stdout.decode()
-
-    def test_summary_shows_the_first_cells_as_a_spreadsheet_does(self):
-        text = self.expect(0, "import", self.orders).stdout.decode()
-        self.assertIn("\nOrders begins:\n  Orders 2024\n"
-                      "  Day          Customer        Pieces  Price      Total      Paid\n"
-                      "   2024-01-01  課長                   3  19.99 EUR  59.97 EUR  TRUE\n"
-                      "   2024-02-29  Müller & Söhne      12   4.50 EUR  54.00 EUR  FALSE\n", text)
-
-    def test_summary_cuts_what_it_shows_of_cells(self):
-        def cell(text):
-            return f"<c t='inlineStr'><is><t>{text}</t></is></c>"
-        wide = cell("a" * 20) + cell("\u00e4" * 21) + cell("a\u009b31mb&#10;c") + "<c/>" + "<c><v>1</v></c>" * 9
-        rows = f"<row/><row>{wide}</row>" + "<row><c><v>2</v></c></row>" * 9
-        text = self.summary_of(("Secret", "hidden", "<sheetData><row><c><v>7</v></c></row></sheetData>"),
-                               ("Empty", "visible", "<sheetData/>"),
-                               ("Wide", "visible", f"<sheetData>{rows}</sheetData>"))
-        shown = "  " + "a" * 20 + "  " + "\u00e4" * 19 + "\u2026" + "  a\\xC2\\x9B31mb" + "  1" * 3
-        self.assertIn(f"\nWide begins:\n{shown}\n" + f"  {2:>20}\n" * 3 + "No messages.\n", text)
-        self.assertNotIn("Secret begins", text)
-
-    def test_summary_shows_what_a_reader_sees(self):
-        def cell(place, text):
-            return f"<c r='{place}' t='inlineStr'><is><t>{text}</t></is></c>"
-        columns = "<cols><col min='2' max='2' hidden='1' width='9' customWidth='1'/></cols>"
-        rows = ("<row r='1' hidden='1'><c r='A1'><v>666</v></c></row>"
-                f"<row r='2'>{cell('A2', '12&quot; C:&#92;tmp')}<c r='B2'><v>667</v></c><c r='C2'><v>3</v></c></row>"
-                f"<row r='3'>{cell('A3', '&#10;below')}</row>"
-                + "<row r='4'>" + "".join(f"<c r='{c}4'><v>4</v></c>" for c in "CDEFG") + "</row>"
-                "<row r='5'><c r='Z5'><v>5</v></c></row><row r='6'><c r='C6'><v>6</v></c></row>")
-        text = self.summary_of(("Seen", "visible", f"{columns}<sheetData>{rows}</sheetData>"))
-        self.assertIn("\nSeen begins:\n"
-                      '  12" C:\\tmp  3\n' + " " * 14 + "4  4  4  4  4\n" + " " * 14 + "6\nNo messages.\n", text)
-
-    def test_summary_looks_at_no_more_than_it_may_show(self):
-        styles = STYLES.replace("<cellXfs", "<numFmts><numFmt numFmtId='164' formatCode=';;;'/></numFmts><cellXfs"
-                                ).replace('numFmtId="14"', 'numFmtId="164"')
-        cells = "<row><c t='s' s='1'><v>0</v></c></row>" * 20_000
-        write_package(self.folder / "unseen.xlsx", workbook([("Unseen", "visible", f"<sheetData>{cells}</sheetData>")],
-                                                            f"<si><t>{'x' * 8_000_000}</t></si>", styles))
-        outcome = self.expect(0, "import", "unseen.xlsx", timeout=15 * allowance(PROGRAM).time)
-        self.assertNotIn(b"begins", outcome.stdout)
-
-    def test_summary_of_empty_sheets_shows_no_cells(self):
-        self.assertNotIn("begins", self.summary_of(("Empty", "visible", "<sheetData><row><c/></row></sheetData>")))
-
 
 class Model(Case):
     def assert_keys(self, kind, value):
-        keys = [key for key in value if key in KEYS[kind]]
-        self.assertEqual(keys, [key for key in KEYS[kind] if key in value], (kind, value.keys()))
+        self.assert_order(KEYS[kind], value)
         for key in KEYS[kind]:
             if key not in OPTIONAL:
                 self.assertIn(key, value, kind)
@@ -354,14 +254,7 @@ class Model(Case):
         self.assertEqual([float(cell["value"]) for cell in cells], [float(text) for text in texts])
 
     def test_sequential_ids_make_two_runs_the_same(self):
-        for name in ("first", "second"):
-            self.expect(0, "import", self.orders, "--model", f"{name}.json", "--report", f"{name}.txt", "--media", name,
-                        "--ids", "sequential")
-        for first, second in (("first.json", "second.json"), ("first.txt", "second.txt")):
-            self.assertEqual((self.folder / first).read_bytes(), (self.folder / second).read_bytes())
-        self.assertEqual({path.name: path.read_bytes() for path in (self.folder / "first").iterdir()},
-                         {path.name: path.read_bytes() for path in (self.folder / "second").iterdir()})
-        self.assertRegex((self.folder / "first.json").read_text(encoding="utf-8"), r'"id": ?"id\d+"')
+        self.assertRegex(self.assert_two_runs_are_the_same(self.orders), r'"id": ?"id\d+"')
 
     def test_ids_are_uuids_otherwise(self):
         for arguments in ([], ["--ids", "uuid"]):
@@ -386,7 +279,7 @@ class Model(Case):
         self.expect(0, "import", self.orders, "--model", "-", environment={})
 
     def test_bad_values_are_reported_and_the_rest_is_there(self):
-        outcome = self.expect(0, "import", SAMPLES / "bad-values.xlsx", "--report", "-")
+        outcome = self.expect(0, "import", self.samples / "bad-values.xlsx", "--report", "-")
         report = json.loads(outcome.stdout)
         self.assertEqual(list(report), ["messages", "leftOut"])
         self.assertGreaterEqual(len(report["messages"]), 10)
@@ -415,6 +308,4 @@ class Model(Case):
 
 
 if __name__ == "__main__":
-    PROGRAM, SAMPLES = os.path.realpath(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
-    del sys.argv[1:3]
-    unittest.main()
+    main()

@@ -2,8 +2,8 @@
 """Feeds packages that were made to do harm to the program, and watches it.
 
 Usage: check_hostile.py QVFILTER [--only NAME] [--keep FOLDER]
-Each package is imported, and asked for its links. They are made anew in a temporary folder; --keep writes them to
-FOLDER for a closer look.
+Each package is imported, and asked for its links; text documents become a page, Markdown and plain text too. They are
+made anew in a temporary folder; --keep writes them to FOLDER for a closer look.
 """
 import argparse
 import io
@@ -16,10 +16,15 @@ import file_trace
 import hostile_drawings
 import hostile_packages
 import hostile_parts
+import hostile_texts
 from compare_rules import compare_model
+from compare_texts import compare_model as compare_texts
 from sheet_reader import WorkbookReader
+from text_reader import TextReader
 from tool_runner import allowance
 from watched_import import Watcher
+
+OUTPUTS = ("page.html", "text.md", "text.txt")
 
 
 def problems_of(case, watcher, path):
@@ -30,11 +35,15 @@ def problems_of(case, watcher, path):
     def compare(verdict, media):
         if not case.compare and not case.like:
             return []
+        if case.suffix == "docx":
+            return [str(tuple(found)) for found in compare_texts(verdict.model, TextReader(io.BytesIO(content))).found]
         sheets = WorkbookReader(io.BytesIO(case.like() if case.like else content)).sheets
         return [str(tuple(found)) for found in compare_model(verdict.model, media, verdict.report, sheets)]
 
     verdict = watcher.watch(path, compare)
     problems = verdict.problems + [f"links: {problem}" for problem in watcher.watch_links(path).problems]
+    for output in OUTPUTS if case.suffix == "docx" else ():
+        problems += [f"{output}: {problem}" for problem in watcher.watch_output(path, output).problems]
     if verdict.status not in case.statuses:
         problems.append(f"expected status {sorted(case.statuses)}, got {verdict.status}: {verdict.line[:300]!r}")
     said = [verdict.line] if verdict.status == 1 else verdict.messages
@@ -49,7 +58,7 @@ def main():
     parser.add_argument("--only", default="")
     parser.add_argument("--keep", type=pathlib.Path)
     options = parser.parse_args()
-    cases = [case for case in hostile_packages.CASES + hostile_parts.CASES + hostile_drawings.CASES
+    cases = [case for case in hostile_packages.CASES + hostile_parts.CASES + hostile_drawings.CASES + hostile_texts.CASES
              if options.only in case.name]
     if not file_trace.STRACE:
         print("strace is not installed: system calls are not watched")
@@ -61,7 +70,7 @@ def main():
         folder = options.keep or pathlib.Path(name)
         folder.mkdir(parents=True, exist_ok=True)
         for case in cases:
-            path = folder / f"{case.name}.xlsx"
+            path = folder / f"{case.name}.{case.suffix}"
             problems = problems_of(case, watcher, path)
             wrong += bool(problems)
             for problem in problems:

@@ -1,7 +1,8 @@
 #!/usr/bin/python3
-"""Previews every workbook of a folder, and holds each page to what a page may be: whole, well-formed, harmless, small.
+"""Previews every document of a folder, and holds each page to what a page may be: whole, well-formed, harmless, small.
 
-Usage: check_pages.py QVFILTER FOLDER... A folder may hold workbooks, or xlsx and bad folders of them.
+Usage: check_pages.py QVFILTER FOLDER... A folder may hold workbooks and text documents, or xlsx, docx and bad folders
+of them.
 """
 import html.parser
 import pathlib
@@ -12,9 +13,11 @@ from tool_runner import GIB, allowance, run, skip
 
 VOID = {"meta", "col", "img", "br", "link", "input", "hr"}
 FORBIDDEN = {"script", "iframe", "object", "embed", "link", "form", "base", "audio", "video", "foreignobject"}
-LINK = re.compile(r"(https?://|mailto:|#s\d+$)", re.IGNORECASE)
+LINK = re.compile(r"(https?://|mailto:|#[sbnr]\d+$)", re.IGNORECASE)
 PICTURE = re.compile(r"data:image/(png|jpeg|gif|bmp|webp|svg\+xml);base64,[A-Za-z0-9+/]*={0,2}$")
 BYTES_MAX = 200 << 20
+SUFFIXES = (".xlsx", ".xlsm", ".docx", ".docm", ".dotx", ".zip")
+NOTHING = (b"There are no sheets with cells here.", b"There is no text here.")  # what a page without sections says
 
 
 class Page(html.parser.HTMLParser):
@@ -65,8 +68,8 @@ class Page(html.parser.HTMLParser):
 
 
 def list_documents(folder):
-    for name in (".", "xlsx", "bad"):
-        yield from sorted(path for path in (folder / name).glob("*") if path.suffix in (".xlsx", ".xlsm", ".zip"))
+    for name in (".", "xlsx", "docx", "bad"):
+        yield from sorted(path for path in (folder / name).glob("*") if path.suffix in SUFFIXES)
 
 
 def check(program, path, limits):
@@ -82,8 +85,8 @@ def check(program, path, limits):
     page = Page()
     page.feed(outcome.stdout.decode("utf-8"))
     faults = page.finish()
-    if page.sections == 0 and b"There are no sheets" not in outcome.stdout:
-        faults.append("no sheet")
+    if page.sections == 0 and not any(text in outcome.stdout for text in NOTHING):
+        faults.append("no sheet and no page")
     return faults, True
 
 

@@ -29,6 +29,7 @@ class Case:
     compare: bool = False  # whether the slow reader must find the same in it
     like: Callable[[], bytes] = None  # a sound package in which the slow reader finds the same, where it refuses this
     is_long: bool = False  # only for builds that are optimised
+    suffix: str = "xlsx"  # of the file's name; a "docx" is converted too
 
 
 def packed(parts, store=()):

@@ -61,6 +61,33 @@ TRACED_LINKS_ROWS = (
     ("ReadsOtherFile", HONEST_LINKS + "read x < /etc/passwd", '"/etc/passwd"'),
 )
 
+PAGE_ROWS = (
+    ("Honest", "echo '<p>page</p>' > \"$4\"", ""),
+    ("Refuses", REFUSING, ""),
+    ("Hangs", "while :; do :; done", "took more than"),
+    ("RefusesSilently", "exit 1", "one line was due"),
+    ("RefusesButWrites", 'echo > "$4";' + REFUSING, "ended with 1, and wrote ['out/page.html']"),
+    ("AcceptsWithoutPage", "exit 0", "ended with 0, and wrote []"),
+    ("AcceptsButComplains", 'echo > "$4"; echo odd >&2', "accepted, yet said"),
+    ("PrintsToStdout", 'echo > "$4"; echo done', "wrote to stdout"),
+    ("WritesTooMuch", 'head -c 67108865 /dev/zero > "$4"', "wrote 67108865 bytes"),
+    ("PageWithScript", "echo '<p><SCRIPT>' > \"$4\"", "may run something"),
+    ("PageWithHandler", "echo '<p title=1 onclick=x>' > \"$4\"", "may run something"),
+    ("PageWithRunningLink", "echo '<a href=\"javascript:x\">' > \"$4\"", "may run something"),
+)
+TEXT_ROWS = (
+    ("Honest", "echo '<script>' > \"$3\"", ""),
+    ("AcceptsWithoutText", "exit 0", "ended with 0, and wrote []"),
+)
+
+
+def watch_page(watcher, source):
+    return watcher.watch_output(source, "page.html")
+
+
+def watch_text(watcher, source):
+    return watcher.watch_output(source, "text.txt")
+
 
 class Watch(unittest.TestCase):
     def check(self, rows, watch=watched_import.Watcher.watch):
@@ -81,11 +108,14 @@ class Watch(unittest.TestCase):
         with mock.patch.object(file_trace, "STRACE", None):
             self.check(ROWS)
             self.check(LINKS_ROWS, watched_import.Watcher.watch_links)
+            self.check(PAGE_ROWS, watch_page)
+            self.check(TEXT_ROWS, watch_text)
 
     @unittest.skipUnless(file_trace.STRACE, "strace is not installed")
     def test_system_calls(self):
         self.check(ROWS[:3] + TRACED_ROWS)
         self.check(TRACED_LINKS_ROWS, watched_import.Watcher.watch_links)
+        self.check([("ReadsOtherFile", PAGE_ROWS[0][1] + "; read x < /etc/passwd", '"/etc/passwd"')], watch_page)
 
 
 if __name__ == "__main__":

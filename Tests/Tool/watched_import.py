@@ -2,6 +2,7 @@
 import json
 import os
 import pathlib
+import re
 import tempfile
 from dataclasses import dataclass, field
 
@@ -9,6 +10,9 @@ import file_trace
 from tool_runner import GIB, allowance, run
 
 SECONDS = 10
+OUTPUT_BYTES = 64 << 20  # what a small document may become
+SMALL_BYTES = 1 << 20
+SCRIPT = re.compile(rb"<script|<[^>]* on[a-z]+ *=|href=.javascript:", re.IGNORECASE)
 
 
 @dataclass
@@ -35,6 +39,10 @@ class Watcher:
     def watch_links(self, source):
         """Asks for the links of a file."""
         return self._watch_twice(lambda traced: self._list_links(source, traced))
+
+    def watch_output(self, source, name):
+        """Has a file written as another one: a page where the name ends with .html, else what its ending says."""
+        return self._watch_twice(lambda traced: self._write_output(source, name, traced))
 
     @staticmethod
     def _watch_twice(watch_once):
@@ -70,6 +78,35 @@ class Watcher:
             else:
                 self._judge_refusal(verdict)
             return verdict
+
+    def _write_output(self, source, name, traced):
+        with tempfile.TemporaryDirectory() as folder:
+            folder = pathlib.Path(folder).resolve()
+            out = folder / "out" / name
+            is_page = out.suffix == ".html"
+            arguments = ["preview", str(source), "-o", str(out)] if is_page else ["convert", str(source), str(out)]
+            outcome, verdict = self._run(folder, source, traced, arguments)
+            present = self._find_outputs(folder, verdict)
+            if outcome.stdout:
+                verdict.problems.append(f"wrote to stdout: {outcome.stdout[:99]!r}")
+            expected = {f"out/{name}"} if verdict.status == 0 else set()
+            if present != expected:
+                verdict.problems.append(f"ended with {verdict.status}, and wrote {sorted(present)}")
+            elif verdict.status == 0:
+                self._judge_text(out, source, verdict)
+            if verdict.status != 0:
+                self._judge_refusal(verdict)
+            return verdict
+
+    @staticmethod
+    def _judge_text(out, source, verdict):
+        if verdict.line:
+            verdict.problems.append(f"accepted, yet said {verdict.line[:400]!r}")
+        if pathlib.Path(source).stat().st_size < SMALL_BYTES and out.stat().st_size > OUTPUT_BYTES:
+            verdict.problems.append(f"wrote {out.stat().st_size} bytes")
+        script = SCRIPT.search(out.read_bytes()) if out.suffix == ".html" else None
+        if script:
+            verdict.problems.append(f"the page may run something: {script[0][-200:]!r}")
 
     def _run(self, folder, source, traced, arguments):
         for part in ("work", "out", "temporary"):

@@ -3,6 +3,8 @@
 /// @file
 /// What holds a frame in its place.
 
+#include <cstdint>
+
 #include <boost/variant.hpp>
 
 #include <DOM/Public/TableOffset.h>
@@ -23,6 +25,15 @@ public:
 class AbsoluteAnchor
 {
 public:
+    /// What a text document counts an offset from.
+    enum class Origin : std::uint8_t
+    {
+        Page, ///< its edge; that of the sheet in a workbook
+        Margin,
+        Column,    ///< of the text, horizontally
+        Paragraph, ///< that the frame belongs to, vertically
+    };
+
     AbsoluteAnchor() = default;
     /// @param offset in points, from the top-left corner of the sheet or page
     explicit AbsoluteAnchor(const cinder::Vec2<float>& offset)
@@ -32,14 +43,25 @@ public:
 
     const cinder::Vec2<float>& getOffset() const { return _offset; }
 
+    Origin getHorizontalOrigin() const { return _horizontalOrigin; }
+    Origin getVerticalOrigin() const { return _verticalOrigin; }
+    void setOrigins(Origin horizontal, Origin vertical)
+    {
+        _horizontalOrigin = horizontal;
+        _verticalOrigin = vertical;
+    }
+
     friend bool operator==(const AbsoluteAnchor& a, const AbsoluteAnchor& b)
     {
-        return a._offset == b._offset;
+        return a._offset == b._offset && a._horizontalOrigin == b._horizontalOrigin &&
+               a._verticalOrigin == b._verticalOrigin;
     }
     friend bool operator!=(const AbsoluteAnchor& a, const AbsoluteAnchor& b) { return !(a == b); }
 
 private:
     cinder::Vec2<float> _offset;
+    Origin _horizontalOrigin = Origin::Page;
+    Origin _verticalOrigin = Origin::Page;
 };
 
 /// The frame's top-left corner moves with a cell; its size stays.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -7,8 +9,12 @@
 #include <DOM/Public/DateSystem.h>
 #include <DOM/Public/DefinedName.h>
 #include <DOM/Public/Export.h>
+#include <DOM/Public/Note.h>
+#include <DOM/Public/NumberedList.h>
+#include <DOM/Public/Section.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/Styles.h>
+#include <Utils/Public/UUID.h>
 
 namespace QV::DOM {
 
@@ -41,12 +47,33 @@ public:
     const std::vector<DefinedName>& getDefinedNames() const { return _definedNames; }
     void addDefinedName(DefinedName name) { _definedNames.push_back(std::move(name)); }
 
+    /// Of a text document, in order; the first one begins with the first block.
+    const std::vector<Section>& getSections() const { return _sections; }
+    void appendSection(Section section) { _sections.push_back(std::move(section)); }
+
+    using NumberedLists = std::map<UUID, std::shared_ptr<const NumberedList>>;
+    /// Each under its own identifier; no null entries.
+    const NumberedLists& getNumberedLists() const { return _numberedLists; }
+    /// @param list not null
+    void addNumberedList(std::shared_ptr<const NumberedList> list);
+
+    /// In the order in which the text first refers to them.
+    const std::vector<std::unique_ptr<Note>>& getNotes() const { return _notes; }
+    /// @param note not null
+    void appendNote(std::unique_ptr<Note> note);
+    /// Null where there is none of that identifier. O(log n).
+    const Note* findNote(const UUID& uuid) const;
+
 private:
     SharedObjectFactory _sharedObjects;
     Styles _styles;
     BlockCollection _blocks;
     DateSystem _dateSystem = DateSystem::From1900;
     std::vector<DefinedName> _definedNames;
+    std::vector<Section> _sections;
+    NumberedLists _numberedLists;
+    std::vector<std::unique_ptr<Note>> _notes; // no null entries
+    std::map<UUID, const Note*> _notesByUUID;  // the same
 };
 
 } // namespace QV::DOM

@@ -7,6 +7,7 @@
 
 #include <DOM/Public/Block.h>
 #include <DOM/Public/Export.h>
+#include <DOM/Public/NumberingRef.h>
 #include <DOM/Public/ParagraphStyle.h>
 #include <DOM/Public/Run.h>
 #include <DOM/Public/RunStyle.h>
@@ -48,10 +49,23 @@ public:
     const SharedRunStyle& getSharedParaMarkStyle() const { return _paraMarkStyle; }
     void setSharedParaMarkStyle(SharedRunStyle style) { _paraMarkStyle = std::move(style); }
 
+    /// Which list the paragraph is an item of by itself; null where it says nothing.
+    const std::unique_ptr<NumberingRef>& getNumRef() const { return _numRef; }
+    std::unique_ptr<NumberingRef>& getNumRef() { return _numRef; }
+    void setNumRef(std::unique_ptr<NumberingRef> reference) { _numRef = std::move(reference); }
+
 private:
     std::vector<std::unique_ptr<Run>> _runs; // no null entries
     SharedParagraphStyle _style;
     SharedRunStyle _paraMarkStyle;
+    std::unique_ptr<NumberingRef> _numRef;
 };
+
+/// The paragraph's own style; every container of named styles may hold its parents.
+template <typename C>
+const ParagraphStyle& getStyleFromContainer(const Paragraph& paragraph, const C&)
+{
+    return paragraph.getStyle();
+}
 
 } // namespace QV::DOM

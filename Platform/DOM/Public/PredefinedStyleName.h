@@ -38,6 +38,11 @@ enum class PredefinedStyleName : std::uint8_t
     TableOfContents7,
     TableOfContents8,
     TableOfContents9,
+    TableOfContentsHeading,
+    BodyText,
+    List,
+    Strong,
+    Emphasis,
 };
 
 } // namespace QV::DOM

@@ -93,4 +93,15 @@ void override(Props& target, const Props& source)
     });
 }
 
+/// Takes away from @p target what @p source gives as well: the fields that both set to equal values. All
+/// others stay.
+template <typename Props, typename = EnableIfProps<Props>>
+void exclude(Props& target, const Props& source)
+{
+    forEachField<Props>([&](auto field) {
+        if (areFieldsEqual(target.*field, source.*field))
+            (target.*field).reset();
+    });
+}
+
 } // namespace QV::DOM

@@ -92,13 +92,33 @@ public:
     void accept(RunVisitor& visitor) const override;
 };
 
-/// A line break inside a paragraph.
+/// A break inside a paragraph: what follows stands in a new line, column or page.
 class DOM_API BreakRun final : public Run
 {
 public:
-    using Run::Run;
+    enum class Kind : std::uint8_t
+    {
+        Line,
+        Column,
+        Page,
+    };
+
+    explicit BreakRun(SharedRunStyle style = nullptr)
+        : Run(std::move(style))
+    {
+    }
+    explicit BreakRun(Kind kind, SharedRunStyle style = nullptr)
+        : Run(std::move(style))
+        , _kind(kind)
+    {
+    }
 
     void accept(RunVisitor& visitor) const override;
+
+    Kind getKind() const { return _kind; }
+
+private:
+    Kind _kind = Kind::Line;
 };
 
 /// A frame that stands in the text like a large character.

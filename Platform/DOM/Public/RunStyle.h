@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include <boost/optional.hpp>
@@ -12,6 +13,7 @@
 #include <DOM/Public/Hyperlink.h>
 #include <DOM/Public/RunProps.h>
 #include <DOM/Public/TrackChangesViewMode.h>
+#include <DOM/Public/TrackedChange.h>
 #include <Utils/Public/UUID.h>
 
 namespace QV::DOM {
@@ -33,6 +35,23 @@ public:
     const std::shared_ptr<const RunProps>& getRunProps() const { return _runProps; }
     void setRunProps(std::shared_ptr<const RunProps> props) { _runProps = std::move(props); }
 
+    /// What the run set before a tracked change of its format. Null where none was made; empty properties
+    /// where it set nothing.
+    const std::shared_ptr<const RunProps>& getTrackedRunProps() const { return _trackedRunProps; }
+    void setTrackedRunProps(std::shared_ptr<const RunProps> props) { _trackedRunProps = std::move(props); }
+
+    /// The change that put the run here or takes it away; null where none was tracked.
+    const std::shared_ptr<const TrackedChange>& getChange() const { return _change; }
+    void setChange(std::shared_ptr<const TrackedChange> change) { _change = std::move(change); }
+
+    /// The instruction of the field whose result the run is a part of, for results that are no plain text;
+    /// null outside of these.
+    const std::shared_ptr<const std::string>& getFieldInstruction() const { return _fieldInstruction; }
+    void setFieldInstruction(std::shared_ptr<const std::string> instruction)
+    {
+        _fieldInstruction = std::move(instruction);
+    }
+
     /// Where a click on the run leads; null when it leads nowhere.
     const std::shared_ptr<const Hyperlink>& getHyperlink() const { return _hyperlink; }
     void setHyperlink(std::shared_ptr<const Hyperlink> link) { _hyperlink = std::move(link); }
@@ -49,14 +68,22 @@ private:
     UUID _parentUUID;
     boost::optional<UUID> _trackedParent;
     std::shared_ptr<const RunProps> _runProps;
+    std::shared_ptr<const RunProps> _trackedRunProps;
+    std::shared_ptr<const TrackedChange> _change;
+    std::shared_ptr<const std::string> _fieldInstruction;
     std::shared_ptr<const Hyperlink> _hyperlink;
 };
 
 using SharedRunStyle = boost::intrusive_ptr<const RunStyle>;
 
-/// The run's own properties as @p mode shows them: the model keeps one set, which every mode shows. Null
-/// where the run sets none.
+/// The run's own properties as @p mode shows them: with TrackChangesViewMode::FollowTrackedParents those
+/// before a tracked change of its format. Null where the run sets none.
 DOM_API const std::shared_ptr<const RunProps>& getRunPropsForViewMode(
     const RunStyle& style, TrackChangesViewMode mode);
+
+/// Whether @p mode shows a run, or the mark of a paragraph, of this style: what a tracked change takes away
+/// is there with TrackChangesViewMode::ShowDeletions alone; what one put in is not there where
+/// FollowTrackedParents shows the state before the changes, unless ShowInsertions is there too.
+DOM_API bool isShown(const RunStyle& style, TrackChangesViewMode mode);
 
 } // namespace QV::DOM

@@ -7,6 +7,7 @@
 
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/Export.h>
+#include <DOM/Public/ParagraphStyle.h>
 #include <DOM/Public/RunStyle.h>
 
 namespace QV::DOM {
@@ -29,9 +30,11 @@ public:
     /// The shared object that equals @p style, made on first use. O(1) on average.
     SharedCellStyle getShared(const CellStyle& style);
     SharedRunStyle getShared(const RunStyle& style);
+    SharedParagraphStyle getShared(const ParagraphStyle& style);
 
     std::size_t getCellStylesCount() const { return _cellStyles.size(); }
     std::size_t getRunStylesCount() const { return _runStyles.size(); }
+    std::size_t getParagraphStylesCount() const { return _paragraphStyles.size(); }
 
 private:
     template <typename T>
@@ -60,6 +63,7 @@ private:
 
     Pool<CellStyle> _cellStyles;
     Pool<RunStyle> _runStyles;
+    Pool<ParagraphStyle> _paragraphStyles;
 };
 
 } // namespace QV::DOM

@@ -1,9 +1,15 @@
 #pragma once
 
+#include <memory>
+#include <utility>
+
 #include <boost/container/map.hpp>
 
 #include <DOM/Public/Export.h>
 #include <DOM/Public/NamedTextStyle.h>
+#include <DOM/Public/ParaProps.h>
+#include <DOM/Public/ParagraphStyle.h>
+#include <DOM/Public/RunProps.h>
 #include <DOM/Public/TableStyle.h>
 #include <DOM/Public/UUIDContainer.h>
 #include <Utils/Public/UUID.h>
@@ -33,9 +39,25 @@ public:
     const TableStyles& getTableStyles() const { return _tableStyles; }
     TableStyles& getTableStyles() { return _tableStyles; }
 
+    /// The style of paragraphs that have none of their own; it names its parent alone.
+    const ParagraphStyle& getDefaultParagraphStyle() const { return _defaultParagraphStyle; }
+    void setDefaultParagraphStyle(const ParagraphStyle& style) { _defaultParagraphStyle = style; }
+    const TableStyle& getDefaultTableStyle() const { return _defaultTableStyle; }
+    void setDefaultTableStyle(TableStyle style) { _defaultTableStyle = std::move(style); }
+
+    /// What holds below all styles; null where nothing is said.
+    const std::shared_ptr<const ParaProps>& getDefaultParaProps() const { return _defaultParaProps; }
+    void setDefaultParaProps(std::shared_ptr<const ParaProps> props) { _defaultParaProps = std::move(props); }
+    const std::shared_ptr<const RunProps>& getDefaultRunProps() const { return _defaultRunProps; }
+    void setDefaultRunProps(std::shared_ptr<const RunProps> props) { _defaultRunProps = std::move(props); }
+
 private:
     TextStyles _textStyles;
     TableStyles _tableStyles;
+    ParagraphStyle _defaultParagraphStyle;
+    TableStyle _defaultTableStyle;
+    std::shared_ptr<const ParaProps> _defaultParaProps;
+    std::shared_ptr<const RunProps> _defaultRunProps;
 };
 
 } // namespace QV::DOM

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <Filters/Package/SafeLink.h>
+
 #include <Filters/Preview/StyleSheet.h>
 
 namespace QV::Filters {

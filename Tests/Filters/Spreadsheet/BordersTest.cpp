@@ -8,8 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <Filters/Package/Colors.h>
 #include <Filters/Package/Namespaces.h>
-#include <Filters/Spreadsheet/Colors.h>
 #include <Tests/Support/WorkbookBuilder.h>
 #include <Tests/Support/XercesEnvironment.h>
 #include <Utils/Public/OperationReport.h>

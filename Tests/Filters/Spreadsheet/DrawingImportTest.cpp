@@ -10,9 +10,9 @@
 
 #include <DOM/Public/Shape.h>
 #include <DOM/Public/Table.h>
+#include <Filters/Package/Colors.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
-#include <Filters/Spreadsheet/Colors.h>
 #include <Utils/Public/OperationReport.h>
 
 #include <Tests/Support/FrameBuilder.h>

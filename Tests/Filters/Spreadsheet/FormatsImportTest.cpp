@@ -61,7 +61,7 @@ TEST_F(FormatsImport, FormatsGiveBordersAndAlignment)
     EXPECT_EQ(props.getDiagonalDown(), nullptr);
     EXPECT_TRUE(props.getVerticalAlignment() == DOM::VerticalAlignment::Top);
     EXPECT_EQ(props.getTextWrapping(), boost::optional<bool>(true));
-    EXPECT_TRUE(getStyle(0).getParaProps()->getHorizontalAlignment() == DOM::HorizontalAlignment::Center);
+    EXPECT_TRUE(getStyle(0).getParaProps()->getAlignment() == DOM::HorizontalAlignment::Center);
     EXPECT_EQ(findCell(0, 1)->getSharedStyle(), nullptr);
     EXPECT_THAT(listMessages(),
         ElementsAre("Cell format has an unknown borderId 9", "Unknown horizontal alignment sideways",
@@ -126,7 +126,7 @@ TEST_F(FormatsImport, OwnFormatWinsOverItsNamedStyle)
     EXPECT_EQ(props.getDiagonalUp()->getStyle(), DOM::LineStyle::None);
     EXPECT_TRUE(props.getVerticalAlignment() == DOM::VerticalAlignment::Bottom);
     EXPECT_EQ(props.getTextWrapping(), boost::optional<bool>(false));
-    EXPECT_TRUE(plain.getParaProps()->getHorizontalAlignment() == DOM::HorizontalAlignment::General);
+    EXPECT_TRUE(plain.getParaProps()->getAlignment() == DOM::HorizontalAlignment::General);
 
     const DOM::BordersProps& borders = *getStyle(1).getCellProps()->getBorders();
     EXPECT_EQ(borders.getLeft()->getWidth(), 1.5F) << "the entry's own numbers hold, whatever its flags say";

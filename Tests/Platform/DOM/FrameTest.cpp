@@ -8,7 +8,9 @@
 #include <boost/mpl/at.hpp>
 #include <gtest/gtest.h>
 
+#include <DOM/Public/Anchors.h>
 #include <DOM/Public/Shape.h>
+#include <cinder/Vector.h>
 
 namespace QV::DOM {
 namespace {
@@ -68,6 +70,28 @@ TEST(Frame, EqualsByEverythingItHolds)
         change(other);
         EXPECT_NE(other, frame);
     }
+}
+
+TEST(AbsoluteAnchor, EqualsByItsOffsetAndWhatThatIsCountedFrom)
+{
+    using Origin = AbsoluteAnchor::Origin;
+    const AbsoluteAnchor anchor(cinder::Vec2<float>(1, 2));
+    EXPECT_TRUE(anchor.getHorizontalOrigin() == Origin::Page);
+    EXPECT_TRUE(anchor.getVerticalOrigin() == Origin::Page);
+    EXPECT_TRUE(anchor == AbsoluteAnchor(cinder::Vec2<float>(1, 2)));
+    EXPECT_TRUE(anchor != AbsoluteAnchor(cinder::Vec2<float>(1, 3)));
+
+    AbsoluteAnchor other(anchor);
+    other.setOrigins(Origin::Column, Origin::Page);
+    EXPECT_TRUE(other.getHorizontalOrigin() == Origin::Column);
+    EXPECT_TRUE(other.getVerticalOrigin() == Origin::Page);
+    EXPECT_TRUE(anchor != other);
+    other.setOrigins(Origin::Page, Origin::Paragraph);
+    EXPECT_TRUE(other.getHorizontalOrigin() == Origin::Page);
+    EXPECT_TRUE(other.getVerticalOrigin() == Origin::Paragraph);
+    EXPECT_TRUE(anchor != other);
+    other.setOrigins(Origin::Page, Origin::Page);
+    EXPECT_TRUE(anchor == other);
 }
 
 TEST(Shape, StandsInAFrameOrAmongBlocks)

@@ -1,0 +1,76 @@
+#pragma once
+
+/// @file
+/// The headers and footers of a text document while it is read, and how their parts are aligned.
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include <boost/optional.hpp>
+
+#include <DOM/Public/HeaderFooterPair.h>
+#include <FilterUtils/FU_Export.h>
+
+namespace QV::DOM {
+class ParaProps;
+class Paragraph;
+} // namespace QV::DOM
+
+namespace QV::FilterUtils {
+
+/// How a paragraph stands between its edges, where no more than three ways are known.
+enum class ParagraphAlignmentCode : std::uint8_t
+{
+    Left = 0,
+    Center = 1,
+    Right = 2,
+};
+
+/// How a part of a header or footer stands between its edges.
+enum class HeaderFooterAlignmentCode : std::uint8_t
+{
+    Left = 1,
+    Center = 2,
+    Right = 3,
+};
+
+/// Makes and keeps the pairs of header and footer of a document, in the order in which they were made. It
+/// owns them together with whoever made them. For one reader at a time.
+class FILTERUTILS_API HeadersFootersFactory
+{
+public:
+    using HeadersFooters = std::vector<std::shared_ptr<DOM::HeaderFooterPair>>;
+
+    /// A new pair with nothing in it, which stands last from now on.
+    std::shared_ptr<DOM::HeaderFooterPair> makeHeaderFooterPair();
+
+    /// No null entries.
+    const HeadersFooters& getHeadersFooters() const;
+    HeadersFooters& getHeadersFooters();
+
+private:
+    HeadersFooters _headersFooters;
+};
+
+/// Where a tab stop stands that leads to the right edge of a header's or footer's text: points from the left
+/// margin.
+///
+///     getJustifiedTabPosition(&pair, paraProps, false);    // 485: 595 wide, margins 60 and 50
+///
+/// The width of the page without its margins, or 467.5 where the page has no width; and without the left
+/// indent of @p paraProps where @p subtractIndent is true. May be negative.
+///
+/// Throws InternalFilterError where @p pair is null: "No header/footer pair (even default) found for current
+/// section."
+FILTERUTILS_API float getJustifiedTabPosition(
+    const DOM::HeaderFooterPair* pair, const DOM::ParaProps& paraProps, bool subtractIndent);
+
+/// Center and Right as the paragraph itself sets them; Left for all else. Its named styles do not count.
+FILTERUTILS_API ParagraphAlignmentCode convertParagraphAlignment(const DOM::Paragraph& paragraph);
+
+/// Left where nothing is said.
+FILTERUTILS_API HeaderFooterAlignmentCode convertHeaderFooterAlignment(
+    const boost::optional<DOM::HeaderFooterAlignment>& alignment);
+
+} // namespace QV::FilterUtils

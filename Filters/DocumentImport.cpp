@@ -1,0 +1,31 @@
+#include <Filters/DocumentImport.h>
+
+#include <Filters/Package/ContentTypes.h>
+#include <Filters/Package/PackageError.h>
+#include <Filters/Package/Relationships.h>
+#include <Filters/Spreadsheet/SpreadsheetImport.h>
+#include <Filters/Text/TextImport.h>
+#include <Utils/Public/OperationReport.h>
+
+namespace QV::Filters {
+
+DocumentKind importDocument(Package& package, FilterRun& run)
+{
+    OperationReport unheard; // the importers read these parts again, and report what is wrong with them
+    const MainPart mainPart = findMainPart(
+        package, ContentTypes::read(package, unheard), Relationships::read(package, {}, unheard));
+    switch (mainPart.kind) {
+    case DocumentKind::Spreadsheet:
+        importSpreadsheet(package, run);
+        break;
+    case DocumentKind::Text:
+        importText(package, run);
+        break;
+    case DocumentKind::Presentation:
+        throw PackageError(PackageError::Kind::Unsupported,
+            "a presentation; only workbooks and text documents can be read", mainPart.name);
+    }
+    return mainPart.kind;
+}
+
+} // namespace QV::Filters

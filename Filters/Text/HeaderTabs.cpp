@@ -1,0 +1,88 @@
+#include <Filters/Text/HeaderTabs.h>
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+
+#include <DOM/Public/Document.h>
+#include <DOM/Public/HeaderFooterPair.h>
+#include <DOM/Public/NamedTextStyle.h>
+#include <DOM/Public/ParaProps.h>
+#include <DOM/Public/Paragraph.h>
+#include <DOM/Public/ParagraphStyle.h>
+#include <DOM/Public/Run.h>
+#include <DOM/Public/SharedObjectFactory.h>
+#include <FilterUtils/FU_HeadersFootersFactory.h>
+#include <FilterUtils/FU_NamedStylesFactory.h>
+#include <FilterUtils/FU_StyleHierarchy.h>
+#include <Filters/Package/FilterRun.h>
+#include <Filters/Text/TextContext.h>
+
+namespace QV::Filters {
+namespace {
+
+bool givesTabStops(const std::shared_ptr<const DOM::ParaProps>& props)
+{
+    return props && props->getTabStops() && !props->getTabStops()->empty();
+}
+
+std::size_t countTabRuns(const DOM::Paragraph& paragraph)
+{
+    std::size_t count = 0;
+    for (const DOM::Run& run : paragraph.getRuns())
+        count += dynamic_cast<const DOM::TabRun*>(&run) ? 1 : 0;
+    return count;
+}
+
+} // namespace
+
+void HeaderTabs::align(DOM::Block& block)
+{
+    constexpr std::size_t TabsBetweenThreeParts = 2;
+    auto* const paragraph = dynamic_cast<DOM::Paragraph*>(&block);
+    if (!paragraph || countTabRuns(*paragraph) != TabsBetweenThreeParts || hasTabStops(paragraph->getStyle()))
+        return;
+    DOM::SharedObjectFactory& shared = _context.run.getDocument().getSharedObjectFactory();
+    paragraph->setSharedStyle(shared.getShared(makeAligned(paragraph->getStyle())));
+}
+
+bool HeaderTabs::hasTabStops(const DOM::ParagraphStyle& style)
+{
+    if (givesTabStops(style.getParaProps()))
+        return true;
+    const auto known = _named.find(style.getParentUUID());
+    if (known != _named.end())
+        return known->second;
+    return _named.emplace(style.getParentUUID(), hasNamedTabStops(style)).first->second;
+}
+
+bool HeaderTabs::hasNamedTabStops(const DOM::ParagraphStyle& style) const
+{
+    const FilterUtils::NamedStylesFactory& styles = _context.styles.factory;
+    const DOM::ParagraphStyle& asking = style.getParentUUID() ? style : styles.getDefaultParagraphStyle();
+    bool hasStops = givesTabStops(styles.getDefaultParaProps());
+    FilterUtils::forEachStyleInHierarchy(
+        styles, FilterUtils::getParent(styles, asking), [&](const DOM::NamedTextStyle& named) {
+            hasStops = hasStops || givesTabStops(named.getParaProps());
+        });
+    return hasStops;
+}
+
+DOM::ParagraphStyle HeaderTabs::makeAligned(const DOM::ParagraphStyle& style) const
+{
+    DOM::ParaProps props;
+    if (style.getParaProps())
+        props = *style.getParaProps();
+    const float right = FilterUtils::getJustifiedTabPosition(&_pair, props, false);
+    if (!(right > 0))
+        return style; // the margins leave no room
+    props.setTabStops(std::make_shared<DOM::TabStops>(DOM::TabStops{
+        {DOM::TabStop::Kind::Center, right / 2},
+        {DOM::TabStop::Kind::Right,  right    }
+    }));
+    DOM::ParagraphStyle aligned = style;
+    aligned.setParaProps(std::make_shared<DOM::ParaProps>(std::move(props)));
+    return aligned;
+}
+
+} // namespace QV::Filters

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vector>
+
+#include <boost/optional.hpp>
+
+#include <FilterUtils/FU_XMLStreamReader.h>
+
+namespace QV::Filters {
+
+/// Chooses among alternate content as it comes in a stream (ISO/IEC 29500-3, 7.6): the first choice all of
+/// whose required namespaces are understood, else the fallback.
+class StoryAlternatives
+{
+public:
+    /// What is wanted of an element of alternate content: entered where it is chosen, else skipped. Nothing
+    /// for every other element.
+    boost::optional<FilterUtils::XMLStep> onStart(const FilterUtils::XMLStreamStart& element);
+
+    /// Whether an element that ends was one of alternate content.
+    bool onEnd(const FilterUtils::XMLStreamEnd& element);
+
+private:
+    std::vector<bool> _areChosen; // for each that is open: whether a branch was
+};
+
+} // namespace QV::Filters

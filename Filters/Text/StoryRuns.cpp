@@ -1,0 +1,209 @@
+#include <Filters/Text/StoryRuns.h>
+
+#include <algorithm>
+#include <utility>
+
+#include <DOM/Public/Document.h>
+#include <DOM/Public/Frame.h>
+#include <DOM/Public/SharedObjectFactory.h>
+#include <Filters/Package/FilterRun.h>
+#include <Filters/Text/TextContext.h>
+#include <Filters/Text/TextFormats.h>
+#include <Utils/Public/Ptr/PtrUtils.h>
+#include <Utils/Public/UUID.h>
+
+namespace QV::Filters {
+namespace {
+
+DOM::SharedRunStyle shareRunStyle(TextContext& context, const DOM::RunStyle& style)
+{
+    if (style.isEmpty())
+        return nullptr;
+    return context.run.getDocument().getSharedObjectFactory().getShared(style);
+}
+
+} // namespace
+
+StoryRuns::StoryRuns(TextContext& context, TextFormats& formats)
+    : _context(context)
+    , _formats(formats)
+{
+}
+
+StoryRuns::~StoryRuns() = default;
+
+void StoryRuns::beginRun()
+{
+    _openRuns.emplace_back();
+    _look.format.clear();
+}
+
+void StoryRuns::setFormat(const std::string& format)
+{
+    if (!_openRuns.empty())
+        _openRuns.back() = format;
+    _look.format = format;
+}
+
+void StoryRuns::endRun()
+{
+    if (!_openRuns.empty())
+        _openRuns.pop_back();
+    _look.format = _openRuns.empty() ? std::string() : _openRuns.back();
+}
+
+void StoryRuns::beginLink(Link link)
+{
+    _links.push_back(std::move(link));
+    updateLook();
+}
+
+void StoryRuns::endLink()
+{
+    if (!_links.empty())
+        _links.pop_back();
+    updateLook();
+}
+
+void StoryRuns::beginChange(Change change)
+{
+    _changes.push_back(std::move(change));
+    updateLook();
+}
+
+void StoryRuns::endChange()
+{
+    if (!_changes.empty())
+        _changes.pop_back();
+    updateLook();
+}
+
+void StoryRuns::setField(Link link, Instruction instruction)
+{
+    _fieldLink = std::move(link);
+    _look.instruction = std::move(instruction);
+    updateLook();
+}
+
+void StoryRuns::updateLook()
+{
+    _look.link = _fieldLink || _links.empty() ? _fieldLink : _links.back();
+    const auto removal = std::find_if(
+        _changes.rbegin(), _changes.rend(), [](const Change& change) { return change->isRemoval(); });
+    if (_changes.empty())
+        _look.change.reset();
+    else
+        _look.change = removal == _changes.rend() ? _changes.back() : *removal;
+}
+
+void StoryRuns::addText(const std::string& text)
+{
+    if (text.empty())
+        return;
+    const DOM::SharedRunStyle& style = getStyle();
+    if (style != _textStyle)
+        flushText();
+    _textStyle = style;
+    _text += text;
+}
+
+void StoryRuns::addTab()
+{
+    add<DOM::TabRun>(getStyle());
+}
+
+void StoryRuns::addBreak(DOM::BreakRun::Kind kind)
+{
+    add<DOM::BreakRun>(kind, getStyle());
+}
+
+void StoryRuns::addBookmark(DOM::BookmarkRun::Kind kind, const std::string& name)
+{
+    add<DOM::BookmarkRun>(kind, name);
+}
+
+void StoryRuns::addAnchor(const UUID& target)
+{
+    add<DOM::AnchorRun>(target, getStyle());
+}
+
+void StoryRuns::addFrame(std::shared_ptr<const DOM::Frame> frame)
+{
+    add<DOM::DrawingRun>(std::move(frame), getStyle());
+}
+
+void StoryRuns::addField(const std::string& instruction, const std::string& result)
+{
+    add<DOM::FieldRun>(instruction, result, getStyle());
+}
+
+std::size_t StoryRuns::mark()
+{
+    flushText();
+    return _runs.size();
+}
+
+void StoryRuns::closeField(std::size_t first, const std::string& instruction)
+{
+    flushText();
+    const auto begin = _runs.begin() + static_cast<std::ptrdiff_t>(first);
+    const bool isEmpty = std::all_of(begin, _runs.end(), [](const std::unique_ptr<DOM::Run>& run) {
+        return exactCast<DOM::BookmarkRun>(run.get()) != nullptr;
+    });
+    if (isEmpty) {
+        addField(instruction, {});
+        return;
+    }
+    if (_runs.size() - first != 1)
+        return;
+    if (const auto* const text = exactCast<DOM::TextRun>(_runs.back().get())) {
+        DOM::RunStyle style = text->getStyle();
+        style.setFieldInstruction(_look.instruction);
+        _runs.back() =
+            std::make_unique<DOM::FieldRun>(instruction, text->getText(), shareRunStyle(_context, style));
+    }
+}
+
+std::vector<std::unique_ptr<DOM::Run>> StoryRuns::take()
+{
+    flushText();
+    std::vector<std::unique_ptr<DOM::Run>> runs;
+    runs.swap(_runs);
+    return runs;
+}
+
+const DOM::SharedRunStyle& StoryRuns::getStyle()
+{
+    if (!(_look == _styledLook)) {
+        _style = makeStyle();
+        _styledLook = _look;
+    }
+    return _style;
+}
+
+DOM::SharedRunStyle StoryRuns::makeStyle()
+{
+    DOM::RunStyle style = _formats.getRun(_look.format);
+    style.setHyperlink(_look.link);
+    style.setChange(_look.change);
+    style.setFieldInstruction(_look.instruction);
+    return shareRunStyle(_context, style);
+}
+
+void StoryRuns::flushText()
+{
+    if (_text.empty())
+        return;
+    _runs.push_back(std::make_unique<DOM::TextRun>(std::move(_text), _textStyle));
+    _text.clear();
+    _textStyle.reset();
+}
+
+template <typename T, typename... Arguments>
+void StoryRuns::add(Arguments&&... arguments)
+{
+    flushText();
+    _runs.push_back(std::make_unique<T>(std::forward<Arguments>(arguments)...));
+}
+
+} // namespace QV::Filters

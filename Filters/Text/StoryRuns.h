@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <DOM/Public/Hyperlink.h>
+#include <DOM/Public/Run.h>
+#include <DOM/Public/RunStyle.h>
+#include <DOM/Public/TrackedChange.h>
+
+namespace QV::Filters {
+
+class TextFormats;
+struct TextContext;
+
+/// The runs of the paragraph that is open in a story, and the look of those to come: their format, the links
+/// and changes that stand around them, and the field whose result they are.
+///
+/// Pieces of text of one look become one run.
+class StoryRuns
+{
+public:
+    using Link = std::shared_ptr<const DOM::Hyperlink>;
+    using Change = std::shared_ptr<const DOM::TrackedChange>;
+    using Instruction = std::shared_ptr<const std::string>;
+
+    StoryRuns(TextContext& context, TextFormats& formats);
+    ~StoryRuns();
+
+    /// An element of a run, which may stand inside of another one's.
+    void beginRun();
+    /// @param format text of the open run's "rPr" element
+    void setFormat(const std::string& format);
+    void endRun();
+
+    /// @param link null for one that leads nowhere
+    void beginLink(Link link);
+    void endLink();
+    /// @param change not null. Of several, what takes text away stands; else the innermost.
+    void beginChange(Change change);
+    void endChange();
+
+    /// @param link of the innermost field that is one; wins over links that stand around. May be null.
+    /// @param instruction of the innermost field whose result has one; may be null
+    void setField(Link link, Instruction instruction);
+
+    void addText(const std::string& text);
+    void addTab();
+    void addBreak(DOM::BreakRun::Kind kind);
+    void addBookmark(DOM::BookmarkRun::Kind kind, const std::string& name);
+    void addAnchor(const UUID& target);
+    void addFrame(std::shared_ptr<const DOM::Frame> frame);
+    void addField(const std::string& instruction, const std::string& result);
+
+    /// The count of the runs. Text that follows begins a new one.
+    std::size_t mark();
+    /// Makes the runs from @p first on a field's run, where they are plain text of one look, or none but
+    /// bookmarks.
+    /// @param first no greater than the count of the runs
+    void closeField(std::size_t first, const std::string& instruction);
+
+    /// All of them; none are left.
+    std::vector<std::unique_ptr<DOM::Run>> take();
+
+private:
+    struct Look
+    {
+        std::string format;
+        Link link;
+        Change change;
+        Instruction instruction;
+
+        friend bool operator==(const Look& a, const Look& b)
+        {
+            return a.link == b.link && a.change == b.change && a.instruction == b.instruction &&
+                   a.format == b.format;
+        }
+    };
+
+    const DOM::SharedRunStyle& getStyle();
+    DOM::SharedRunStyle makeStyle();
+    void updateLook();
+    void flushText();
+    template <typename T, typename... Arguments>
+    void add(Arguments&&... arguments);
+
+    TextContext& _context;
+    TextFormats& _formats;
+    std::vector<std::unique_ptr<DOM::Run>> _runs;
+    std::string _text;              // of the run that goes on
+    DOM::SharedRunStyle _textStyle; // its style
+
+    std::vector<std::string> _openRuns; // their formats, from the outermost on
+    std::vector<Link> _links;           // the same
+    std::vector<Change> _changes;       // the same
+    Link _fieldLink;
+    Look _look;
+    Look _styledLook;           // that _style belongs to
+    DOM::SharedRunStyle _style; // null where nothing is set
+};
+
+} // namespace QV::Filters

@@ -1,0 +1,7 @@
+#include <FieldsEngine/Public/GeneratedBookmarkPrefix.h>
+
+namespace QV::FieldsEngine {
+
+const std::string GeneratedBookmarkPrefix = "_QVGenerated";
+
+} // namespace QV::FieldsEngine

@@ -1,0 +1,3 @@
+#pragma once
+
+#define FIELDSENGINE_API __attribute__((visibility("default")))
