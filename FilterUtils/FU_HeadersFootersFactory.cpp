@@ -1,7 +1,6 @@
 #include <FilterUtils/FU_HeadersFootersFactory.h>
 
 #include <DOM/Public/PageProps.h>
-#include <DOM/Public/ParaProps.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/ParagraphStyle.h>
 #include <FilterUtils/FU_Errors.h>
@@ -51,29 +50,29 @@ float getJustifiedTabPosition(
     return subtractIndent && paraProps.getLeftIndent() ? width - *paraProps.getLeftIndent() : width;
 }
 
-ParagraphAlignmentCode convertParagraphAlignment(const DOM::Paragraph& paragraph)
+DOM::HeaderFooterAlignment convertParagraphAlignment(const DOM::Paragraph& paragraph)
 {
     const DOM::ParaProps* const props = paragraph.getStyle().getParaProps().get();
     if (!props || !props->getAlignment())
-        return ParagraphAlignmentCode::Left;
+        return DOM::HeaderFooterAlignment::Left;
     switch (*props->getAlignment()) {
     case DOM::HorizontalAlignment::Center:
-        return ParagraphAlignmentCode::Center;
+        return DOM::HeaderFooterAlignment::Center;
     case DOM::HorizontalAlignment::Right:
-        return ParagraphAlignmentCode::Right;
+        return DOM::HeaderFooterAlignment::Right;
     default:
-        return ParagraphAlignmentCode::Left;
+        return DOM::HeaderFooterAlignment::Left;
     }
 }
 
-HeaderFooterAlignmentCode convertHeaderFooterAlignment(
+DOM::HorizontalAlignment convertHeaderFooterAlignment(
     const boost::optional<DOM::HeaderFooterAlignment>& alignment)
 {
     if (alignment == DOM::HeaderFooterAlignment::Center)
-        return HeaderFooterAlignmentCode::Center;
+        return DOM::HorizontalAlignment::Center;
     if (alignment == DOM::HeaderFooterAlignment::Right)
-        return HeaderFooterAlignmentCode::Right;
-    return HeaderFooterAlignmentCode::Left;
+        return DOM::HorizontalAlignment::Right;
+    return DOM::HorizontalAlignment::Left;
 }
 
 } // namespace QV::FilterUtils

@@ -3,37 +3,20 @@
 /// @file
 /// The headers and footers of a text document while it is read, and how their parts are aligned.
 
-#include <cstdint>
 #include <memory>
 #include <vector>
 
 #include <boost/optional.hpp>
 
 #include <DOM/Public/HeaderFooterPair.h>
+#include <DOM/Public/ParaProps.h>
 #include <FilterUtils/FU_Export.h>
 
 namespace QV::DOM {
-class ParaProps;
 class Paragraph;
 } // namespace QV::DOM
 
 namespace QV::FilterUtils {
-
-/// How a paragraph stands between its edges, where no more than three ways are known.
-enum class ParagraphAlignmentCode : std::uint8_t
-{
-    Left = 0,
-    Center = 1,
-    Right = 2,
-};
-
-/// How a part of a header or footer stands between its edges.
-enum class HeaderFooterAlignmentCode : std::uint8_t
-{
-    Left = 1,
-    Center = 2,
-    Right = 3,
-};
 
 /// Makes and keeps the pairs of header and footer of a document, in the order in which they were made. It
 /// owns them together with whoever made them. For one reader at a time.
@@ -66,11 +49,12 @@ private:
 FILTERUTILS_API float getJustifiedTabPosition(
     const DOM::HeaderFooterPair* pair, const DOM::ParaProps& paraProps, bool subtractIndent);
 
-/// Center and Right as the paragraph itself sets them; Left for all else. Its named styles do not count.
-FILTERUTILS_API ParagraphAlignmentCode convertParagraphAlignment(const DOM::Paragraph& paragraph);
+/// Which part of a header or footer a paragraph stands for: Center and Right as the paragraph itself sets
+/// them; Left for all else. Its named styles do not count.
+FILTERUTILS_API DOM::HeaderFooterAlignment convertParagraphAlignment(const DOM::Paragraph& paragraph);
 
-/// Left where nothing is said.
-FILTERUTILS_API HeaderFooterAlignmentCode convertHeaderFooterAlignment(
+/// The way back: how a paragraph stands that holds a part of a header or footer. Left where nothing is said.
+FILTERUTILS_API DOM::HorizontalAlignment convertHeaderFooterAlignment(
     const boost::optional<DOM::HeaderFooterAlignment>& alignment);
 
 } // namespace QV::FilterUtils

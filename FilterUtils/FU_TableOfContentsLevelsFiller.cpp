@@ -11,6 +11,7 @@
 #include <FieldsEngine/Public/GeneratedBookmarkPrefix.h>
 #include <FilterUtils/FU_NamedStylesFactory.h>
 #include <Utils/Public/Assertions.h>
+#include <Utils/Public/Ptr/PtrUtils.h>
 
 namespace QV::FilterUtils {
 
@@ -44,7 +45,7 @@ UUID TableOfContentsLevelsFiller::findOrCreatePredefinedStyle(DOM::PredefinedSty
 {
     const auto found = _predefinedStyles.find(name);
     if (found != _predefinedStyles.end())
-        return found->second->getUUID();
+        return deref(found->second).getUUID();
     const std::shared_ptr<const DOM::NamedTextStyle> style = _stylesFactory.makeNamedTextStyle(name);
     _newStyles.push_back(style);
     _predefinedStyles.emplace(name, style);

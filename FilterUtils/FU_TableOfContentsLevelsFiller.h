@@ -39,7 +39,8 @@ public:
         boost::container::map<DOM::PredefinedStyleName, std::shared_ptr<const DOM::NamedTextStyle>>;
 
     /// @param newStyles receives the styles that are made here
-    /// @param predefinedStyles those of the document so far; the ones that are made here are added
+    /// @param predefinedStyles those of the document so far, none of them null; the ones that are made here
+    ///     are added
     TableOfContentsLevelsFiller(DOM::TableOfContentsInfo& tableOfContents, NamedStylesFactory& stylesFactory,
         NewStyles& newStyles, PredefinedStyles& predefinedStyles);
 

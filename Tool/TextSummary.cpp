@@ -16,7 +16,6 @@
 #include <DOM/Public/Run.h>
 #include <DOM/Public/Table.h>
 #include <DOM/Public/TableOfContents.h>
-#include <FilterUtils/FU_TableOfContentsLevelsFiller.h>
 #include <Filters/Package/EffectiveFormats.h>
 #include <Filters/Package/ListLabels.h>
 #include <Filters/Package/PackageError.h>
@@ -82,8 +81,7 @@ public:
     }
     void visit(const DOM::BookmarkRun& run) override
     {
-        const bool isUsers = run.getKind() == DOM::BookmarkRun::Kind::Start &&
-                             !FilterUtils::isTableOfContentsBookmark(run.getName());
+        const bool isUsers = run.getKind() == DOM::BookmarkRun::Kind::Start && !run.isGenerated();
         _counts.bookmarks += isUsers ? 1 : 0;
     }
 

@@ -42,6 +42,8 @@ void HeaderTabs::align(DOM::Block& block)
     auto* const paragraph = dynamic_cast<DOM::Paragraph*>(&block);
     if (!paragraph || countTabRuns(*paragraph) != TabsBetweenThreeParts || hasTabStops(paragraph->getStyle()))
         return;
+    if (FilterUtils::convertParagraphAlignment(*paragraph) != DOM::HeaderFooterAlignment::Left)
+        return; // whose lines do not begin where stops count from
     DOM::SharedObjectFactory& shared = _context.run.getDocument().getSharedObjectFactory();
     paragraph->setSharedStyle(shared.getShared(makeAligned(paragraph->getStyle())));
 }

@@ -140,7 +140,7 @@ void StoryBuilder::addBookmark(DOM::BookmarkRun::Kind kind, const std::string& n
     if (_isParagraphOpen)
         _runs.addBookmark(kind, name);
     else if (last)
-        last->appendRun(std::make_unique<DOM::BookmarkRun>(kind, name));
+        last->appendRun(makeBookmarkRun(kind, name));
     else
         _bookmarks.waiting.emplace_back(kind, name);
 }
@@ -161,7 +161,7 @@ void StoryBuilder::finish()
     }
     if (auto* const last = exactCast<DOM::Paragraph>(_last.get())) {
         for (const auto& bookmark : _bookmarks.waiting)
-            last->appendRun(std::make_unique<DOM::BookmarkRun>(bookmark.first, bookmark.second));
+            last->appendRun(makeBookmarkRun(bookmark.first, bookmark.second));
         _bookmarks.waiting.clear();
     }
     handOver();

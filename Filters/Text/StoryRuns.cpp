@@ -6,6 +6,7 @@
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Frame.h>
 #include <DOM/Public/SharedObjectFactory.h>
+#include <FilterUtils/FU_TableOfContentsLevelsFiller.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Text/TextContext.h>
 #include <Filters/Text/TextFormats.h>
@@ -117,9 +118,14 @@ void StoryRuns::addBreak(DOM::BreakRun::Kind kind)
     add<DOM::BreakRun>(kind, getStyle());
 }
 
+std::unique_ptr<DOM::BookmarkRun> makeBookmarkRun(DOM::BookmarkRun::Kind kind, const std::string& name)
+{
+    return std::make_unique<DOM::BookmarkRun>(kind, name, FilterUtils::isTableOfContentsBookmark(name));
+}
+
 void StoryRuns::addBookmark(DOM::BookmarkRun::Kind kind, const std::string& name)
 {
-    add<DOM::BookmarkRun>(kind, name);
+    add<DOM::BookmarkRun>(kind, name, FilterUtils::isTableOfContentsBookmark(name));
 }
 
 void StoryRuns::addAnchor(const UUID& target)

@@ -15,6 +15,9 @@ namespace QV::Filters {
 class TextFormats;
 struct TextContext;
 
+/// One end of a bookmark, which knows by its name whether a program made it for itself.
+std::unique_ptr<DOM::BookmarkRun> makeBookmarkRun(DOM::BookmarkRun::Kind kind, const std::string& name);
+
 /// The runs of the paragraph that is open in a story, and the look of those to come: their format, the links
 /// and changes that stand around them, and the field whose result they are.
 ///

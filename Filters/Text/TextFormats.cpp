@@ -99,6 +99,8 @@ void TextFormats::stripNumbering(Paragraph& format)
 {
     if (!format.numRef || !spendStyleVisits())
         return;
+    if (format.style && format.style->getTrackedParent())
+        return; // what the former style gives is not what the present one does
     DOM::Paragraph paragraph;
     paragraph.setSharedStyle(format.style);
     paragraph.setNumRef(std::move(format.numRef));
@@ -126,6 +128,9 @@ void TextFormats::noteHidden(const DOM::Paragraph& paragraph)
 {
     const TextStyles& styles = _context.styles;
     const DOM::RunStyle* lastStyle = nullptr;
+    DOM::ParagraphStyle style = paragraph.getStyle();
+    if (!style.getParentUUID())
+        style.setParentUUID(styles.factory.getDefaultParagraphStyleUUID());
     if (_hasHiddenText || styles.hiddenProps.empty())
         return;
     for (const DOM::Run& run : paragraph.getRuns()) {
@@ -134,7 +139,7 @@ void TextFormats::noteHidden(const DOM::Paragraph& paragraph)
         lastStyle = &run.getStyle();
         if (!spendStyleVisits())
             return;
-        if (FilterUtils::isHidden(styles.factory, styles.hiddenProps, *lastStyle, paragraph.getStyle())) {
+        if (FilterUtils::isHidden(styles.factory, styles.hiddenProps, *lastStyle, style)) {
             _hasHiddenText = true;
             return;
         }

@@ -88,6 +88,8 @@ public:
         appendNotes();
         // Readers of text look at the styles where they are made, so they move last.
         moveStyles();
+        if (formats.hasHiddenText()) // whoever hands the document on may want to know
+            _run.getReport().emplace_back("{} is kept, and not shown", "Hidden text");
         _context.messages.finish(_run.getReport());
     }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <stdexcept>
 
 #include <boost/blank.hpp>
 #include <boost/variant.hpp>
@@ -13,6 +14,7 @@
 #include <DOM/Public/ParaProps.h>
 #include <DOM/Public/Properties.h>
 #include <DOM/Public/RunProps.h>
+#include <Utils/Public/Assertions.h>
 #include <Utils/Public/CaseInsensitiveLess.h>
 
 namespace QV::DOM {
@@ -256,6 +258,16 @@ constexpr bool holdsPredefinedNamesInOrder(const Row (&rows)[Size])
 static_assert(holdsPredefinedNamesInOrder(PredefinedIdentities));
 static_assert(holdsPredefinedNamesInOrder(PredefinedLooks));
 
+/// Asserts that there is a style of that name; throws where there is none and the handler returns.
+std::size_t getPredefinedIndex(PredefinedName name)
+{
+    const auto index = static_cast<std::size_t>(name);
+    QV_ASSERT(index < PredefinedStylesCount);
+    if (index >= PredefinedStylesCount)
+        throw std::out_of_range("there is no predefined style of this name");
+    return index;
+}
+
 UUID getPredefinedParentUUID(PredefinedBase base)
 {
     if (base == PredefinedBase::Normal)
@@ -301,13 +313,13 @@ public:
 
 UUID makePredefinedTextStyleUUID(PredefinedStyleName name)
 {
-    const PredefinedIdentity& identity = PredefinedIdentities[static_cast<std::size_t>(name)];
+    const PredefinedIdentity& identity = PredefinedIdentities[getPredefinedIndex(name)];
     return UUID(identity.uuidHigh, identity.uuidLow);
 }
 
 NamedTextStyle makePredefinedTextStyle(PredefinedStyleName name)
 {
-    const PredefinedLook& look = PredefinedLooks[static_cast<std::size_t>(name)];
+    const PredefinedLook& look = PredefinedLooks[getPredefinedIndex(name)];
     ParaProps para;
     RunProps run;
     look.set(para, run, look.level);
@@ -326,7 +338,7 @@ NamedTextStyle makePredefinedTextStyle(PredefinedStyleName name)
 const std::string& getPredefinedStyleText(PredefinedStyleName name)
 {
     static const auto texts = makePredefinedTexts();
-    return texts[static_cast<std::size_t>(name)];
+    return texts[getPredefinedIndex(name)];
 }
 
 boost::optional<PredefinedStyleName> findPredefinedStyleName(boost::string_ref text)

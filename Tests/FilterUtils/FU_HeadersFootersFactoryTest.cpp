@@ -151,13 +151,13 @@ TEST(ConvertParagraphAlignment, KnowsCenterAndRight)
 TEST(ConvertParagraphAlignment, IsLeftWhereNothingIsSaid)
 {
     DOM::Paragraph paragraph;
-    EXPECT_EQ(convertParagraphAlignment(paragraph), ParagraphAlignmentCode::Left);
+    EXPECT_EQ(convertParagraphAlignment(paragraph), DOM::HeaderFooterAlignment::Left);
     DOM::ParagraphStyle style;
     paragraph.setStyle(style);
-    EXPECT_EQ(convertParagraphAlignment(paragraph), ParagraphAlignmentCode::Left);
+    EXPECT_EQ(convertParagraphAlignment(paragraph), DOM::HeaderFooterAlignment::Left);
     style.setParaProps(std::make_shared<DOM::ParaProps>());
     paragraph.setStyle(style);
-    EXPECT_EQ(convertParagraphAlignment(paragraph), ParagraphAlignmentCode::Left);
+    EXPECT_EQ(convertParagraphAlignment(paragraph), DOM::HeaderFooterAlignment::Left);
 }
 
 TEST(ConvertHeaderFooterAlignment, KnowsCenterAndRight)
@@ -171,8 +171,18 @@ TEST(ConvertHeaderFooterAlignment, KnowsCenterAndRight)
 
 TEST(ConvertHeaderFooterAlignment, IsLeftWhereNothingIsSaid)
 {
-    EXPECT_EQ(convertHeaderFooterAlignment(boost::none), HeaderFooterAlignmentCode::Left);
-    EXPECT_EQ(static_cast<unsigned>(HeaderFooterAlignmentCode::Left), 1U);
+    EXPECT_EQ(convertHeaderFooterAlignment(boost::none), DOM::HorizontalAlignment::Left);
+    EXPECT_EQ(static_cast<unsigned>(DOM::HorizontalAlignment::Left), 1U);
+}
+
+TEST(ConvertHeaderFooterAlignment, IsUndoneByTheOther)
+{
+    using DOM::HeaderFooterAlignment;
+    for (const auto alignment :
+        {HeaderFooterAlignment::Left, HeaderFooterAlignment::Center, HeaderFooterAlignment::Right}) {
+        const auto converted = static_cast<unsigned>(convertHeaderFooterAlignment(alignment));
+        EXPECT_EQ(convertAlignment(converted), static_cast<unsigned>(alignment));
+    }
 }
 
 } // namespace

@@ -3,6 +3,9 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
 #include <boost/blank.hpp>
 #include <boost/container/map.hpp>
@@ -51,6 +54,28 @@ TEST(NamedStylesFactory, StartsEmpty)
     EXPECT_EQ(factory.getDefaultRunProps(), nullptr);
 }
 
+TEST(NamedStylesFactory, GivesItsListsThemselvesOrViewsOfThem)
+{
+    using Constant = const NamedStylesFactory&;
+    using Mutable = NamedStylesFactory&;
+    static_assert(std::is_same_v<decltype(std::declval<Mutable>().getTextStyles()),
+        std::vector<std::shared_ptr<DOM::NamedTextStyle>>&>);
+    static_assert(std::is_same_v<decltype(std::declval<Mutable>().getTableStyles()),
+        std::vector<std::shared_ptr<DOM::NamedTableStyle>>&>);
+    static_assert(std::is_same_v<decltype(*std::declval<Constant>().getTextStyles().begin()),
+        const DOM::NamedTextStyle&>);
+    static_assert(std::is_same_v<decltype(*std::declval<Constant>().getTableStyles().begin()),
+        const DOM::NamedTableStyle&>);
+    static_assert(std::is_same_v<decltype(std::declval<Constant>().getDefaultParaProps()),
+        const std::shared_ptr<const DOM::ParaProps>&>);
+    static_assert(std::is_same_v<decltype(std::declval<Constant>().getDefaultRunProps()),
+        const std::shared_ptr<const DOM::RunProps>&>);
+    NamedStylesFactory factory;
+    const auto style = std::make_shared<DOM::NamedTextStyle>();
+    factory.getTextStyles().push_back(style);
+    EXPECT_EQ(&static_cast<Constant>(factory).getTextStyles().back(), style.get());
+}
+
 TEST(NamedStylesFactory, MakesBlankTextStyles)
 {
     NamedStylesFactory factory;
@@ -93,6 +118,15 @@ TEST(NamedStylesFactory, KeepsTheOrderAndSharesTheTextStyles)
     first->setName(std::string("Own"));
     EXPECT_EQ(boost::get<std::string>(constant.getTextStyles().front().getName()), "Own");
     EXPECT_TRUE(factory.getTableStyles().empty());
+}
+
+TEST(NamedStylesFactory, StaysAsItWasWhereAStyleCannotBeMade)
+{
+    NamedStylesFactory factory;
+    const auto style = factory.makeNamedTextStyle(boost::none);
+    const RecordedAssertions assertions;
+    EXPECT_THROW(factory.makeNamedTextStyle(static_cast<PredefinedStyleName>(255)), std::out_of_range);
+    EXPECT_THAT(factory.getTextStyles(), ElementsAre(style));
 }
 
 TEST(NamedStylesFactory, KeepsTheOrderAndSharesTheTableStyles)

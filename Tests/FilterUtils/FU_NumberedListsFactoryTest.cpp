@@ -130,6 +130,7 @@ TEST(GetNumberedListNameType, AssertsTheMarkerOfTheLastLevel)
     const RecordedAssertions assertions;
     EXPECT_EQ(getTypeNumber(levels), 0U);
     ASSERT_THAT(assertions.getExpressions(), ElementsAre("plainPtr"));
+    EXPECT_THAT(assertions.getFailures()[0].file, testing::EndsWith("PtrUtils.h"));
     EXPECT_EQ(assertions.getFailures()[0].line, 254);
 }
 

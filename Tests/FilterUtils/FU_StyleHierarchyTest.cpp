@@ -276,6 +276,21 @@ TEST_P(OverrideRunPropsWithTracked, KeepsRowForParagraphs)
 INSTANTIATE_TEST_SUITE_P(Rows, OverrideRunPropsWithTracked, testing::ValuesIn(TrackedRows),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST(OverrideRunPropsWithTracked, TakesARunsOwnPropertiesAsTheModeShowsThem)
+{
+    DOM::Styles styles;
+    DOM::RunStyle style;
+    style.setParentUUID(addTextStyle(styles, {}, "", makeFont("parent", 10.0F)));
+    style.setRunProps(makeFont("own"));
+    style.setTrackedRunProps(makeFont("former"));
+    for (unsigned mode = 0; mode < 16; ++mode) {
+        std::shared_ptr<DOM::RunProps> result;
+        overrideRunPropsWithTracked(styles, result, style, static_cast<TrackChangesViewMode>(mode));
+        ASSERT_TRUE(result);
+        EXPECT_EQ(*result, *makeFont(mode & 4U ? "former" : "own", 10.0F)) << "mode " << mode;
+    }
+}
+
 TEST(OverrideRunPropsWithTracked, LaysItselfOverWhatIsThere)
 {
     const DOM::Styles styles;

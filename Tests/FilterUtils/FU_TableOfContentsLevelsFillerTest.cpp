@@ -3,6 +3,7 @@
 #include <atomic>
 #include <memory>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <utility>
@@ -237,6 +238,25 @@ TEST_F(TableOfContentsLevelsFillerTest, FindsTheStylesOfTheDocument)
     EXPECT_EQ(_filler.findOrCreatePredefinedStyle(PredefinedStyleName::Heading1), style->getUUID());
     EXPECT_THAT(_newStyles, IsEmpty());
     EXPECT_THAT(_factory.getTextStyles(), IsEmpty());
+}
+
+TEST_F(TableOfContentsLevelsFillerTest, AssertsTheStylesOfTheDocument)
+{
+    const RecordedAssertions assertions;
+    _predefinedStyles.emplace(PredefinedStyleName::Heading1, nullptr);
+    EXPECT_THROW(_filler.findOrCreatePredefinedStyle(PredefinedStyleName::Heading1), std::logic_error);
+    EXPECT_THAT(assertions.getExpressions(), ElementsAre("plainPtr"));
+    EXPECT_THAT(_factory.getTextStyles(), IsEmpty());
+}
+
+TEST_F(TableOfContentsLevelsFillerTest, ChangesNothingWhereAStyleCannotBeMade)
+{
+    const RecordedAssertions assertions;
+    const auto unknown = static_cast<PredefinedStyleName>(200);
+    EXPECT_THROW(_filler.findOrCreatePredefinedStyle(unknown), std::out_of_range);
+    EXPECT_THAT(_factory.getTextStyles(), IsEmpty());
+    EXPECT_THAT(_newStyles, IsEmpty());
+    EXPECT_THAT(_predefinedStyles, IsEmpty());
 }
 
 } // namespace

@@ -67,8 +67,11 @@ class Styles:
     def run_props(self, node):
         """{name: value} of what an rPr sets: switches as booleans, sz in points, color in hexadecimal or None."""
         props = {}
+        is_complex = any(name(each) in ("w:rtl", "w:cs") and is_on(attribute(each, "val")) for each in children(node))
         for each in children(node):
             word = name(each)[2:]
+            if is_complex and word in ("b", "i", "sz", "bCs", "iCs", "szCs"):  # which have others for such scripts
+                word = {"bCs": "b", "iCs": "i", "szCs": "sz"}.get(word)
             if word in TOGGLES:
                 props[word] = is_on(attribute(each, "val"))
             elif word == "sz" and integer(attribute(each, "val")) is not None:

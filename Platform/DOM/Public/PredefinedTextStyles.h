@@ -2,6 +2,9 @@
 
 /// @file
 /// The named text styles that applications know: their fixed identifiers, names and looks.
+///
+/// A name is one of the enumeration's: any other value asserts "index < PredefinedStylesCount", and throws
+/// std::out_of_range where the handler returns.
 
 #include <string>
 

@@ -150,9 +150,11 @@ public:
         End,
     };
 
-    BookmarkRun(Kind kind, std::string name)
+    /// @param isGenerated whether a program made the bookmark for itself, such as for a table of contents
+    BookmarkRun(Kind kind, std::string name, bool isGenerated = false)
         : _name(std::move(name))
         , _kind(kind)
+        , _isGenerated(isGenerated)
     {
     }
 
@@ -160,10 +162,12 @@ public:
 
     Kind getKind() const { return _kind; }
     const std::string& getName() const { return _name; }
+    bool isGenerated() const { return _isGenerated; }
 
 private:
     std::string _name;
     Kind _kind;
+    bool _isGenerated;
 };
 
 /// Text that is computed: the instruction, such as "PAGE", and what it last came to.

@@ -237,5 +237,47 @@ TEST_F(TextImport, MacrosAndOtherFormatsAreLeftOut)
     EXPECT_THAT(run->getLeftOut(), ElementsAre(TextLeftOut::Macros, TextLeftOut::AltChunks));
 }
 
+TEST_F(TextImport, HiddenTextIsToldOnce)
+{
+    importBody("<w:p><w:r><w:rPr><w:vanish/></w:rPr><w:t>a</w:t></w:r></w:p>"
+               "<w:p><w:r><w:rPr><w:vanish/></w:rPr><w:t>b</w:t></w:r></w:p>");
+    EXPECT_THAT(listMessages(), ElementsAre("Hidden text is kept, and not shown"));
+}
+
+TEST_F(TextImport, TextHiddenByTheDefaultStyleIsTold)
+{
+    builder.styles = "<w:style w:type='paragraph' w:default='1' w:styleId='N'><w:name w:val='Normal'/>"
+                     "<w:rPr><w:vanish/></w:rPr></w:style>";
+    importBody(makeTextParagraph("a"));
+    EXPECT_THAT(listMessages(), ElementsAre("Hidden text is kept, and not shown"));
+}
+
+TEST_F(TextImport, BookmarksThatProgramsMakeAreMarked)
+{
+    importBody("<w:p><w:bookmarkStart w:id='1' w:name='_Toc12'/><w:bookmarkStart w:id='2' w:name='mine'/>"
+               "<w:r><w:t>a</w:t></w:r><w:bookmarkEnd w:id='1'/><w:bookmarkEnd w:id='2'/></w:p>");
+    std::vector<std::string> marks;
+    for (const DOM::Run& piece : getParagraph(0).getRuns())
+        if (const auto* const bookmark = dynamic_cast<const DOM::BookmarkRun*>(&piece))
+            marks.push_back(bookmark->getName() + (bookmark->isGenerated() ? " generated" : ""));
+    EXPECT_THAT(marks, ElementsAre("_Toc12 generated", "mine", "_Toc12 generated", "mine"));
+}
+
+TEST_F(TextImport, NumberingOfAParagraphWhoseStyleChangedStays)
+{
+    builder.styles = "<w:style w:type='paragraph' w:styleId='A'><w:name w:val='A'/><w:pPr><w:numPr>"
+                     "<w:numId w:val='1'/></w:numPr></w:pPr></w:style>"
+                     "<w:style w:type='paragraph' w:styleId='B'><w:name w:val='B'/><w:pPr><w:numPr>"
+                     "<w:numId w:val='2'/></w:numPr></w:pPr></w:style>";
+    builder.numbering = "<w:abstractNum w:abstractNumId='0'><w:lvl w:ilvl='0'/></w:abstractNum>"
+                        "<w:abstractNum w:abstractNumId='1'><w:lvl w:ilvl='0'/></w:abstractNum>"
+                        "<w:num w:numId='1'><w:abstractNumId w:val='0'/></w:num>"
+                        "<w:num w:numId='2'><w:abstractNumId w:val='1'/></w:num>";
+    importBody("<w:p><w:pPr><w:pStyle w:val='A'/><w:numPr><w:ilvl w:val='0'/><w:numId w:val='2'/></w:numPr>"
+               "<w:pPrChange w:id='1'><w:pPr><w:pStyle w:val='B'/></w:pPr></w:pPrChange></w:pPr></w:p>");
+    ASSERT_NE(getParagraph(0).getNumRef(), nullptr);
+    EXPECT_TRUE(getParagraph(0).getNumRef()->getNumListUUID());
+}
+
 } // namespace
 } // namespace QV::Filters

@@ -7,6 +7,7 @@
 #include <ostream>
 #include <set>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,7 @@
 #include <DOM/Public/PredefinedStyleName.h>
 #include <DOM/Public/Properties.h>
 #include <DOM/Public/RunProps.h>
+#include <Tests/Support/RecordedAssertions.h>
 #include <Utils/Public/UUID.h>
 
 namespace QV::DOM {
@@ -321,6 +323,21 @@ TEST(PredefinedTextStyles, IdentifiersStayWhatTheyAre)
     EXPECT_EQ(
         makePredefinedTextStyleUUID(Name::Hyperlink).toString(), "c6186ae1-c392-4c66-a349-41459d8501f7");
     EXPECT_EQ(makePredefinedTextStyleUUID(Name::Emphasis).toString(), "caad79bc-a67a-40ae-9b90-c52f398bf69a");
+}
+
+TEST(PredefinedTextStyles, AssertsThatThereIsTheName)
+{
+    const Tests::RecordedAssertions assertions;
+    NamedTextStyle style;
+    for (const unsigned value : {36U, 255U}) {
+        const auto name = static_cast<Name>(value);
+        EXPECT_THROW(makePredefinedTextStyleUUID(name), std::out_of_range);
+        EXPECT_THROW(makePredefinedTextStyle(name), std::out_of_range);
+        EXPECT_THROW(getPredefinedStyleText(name), std::out_of_range);
+        style.setName(name);
+        EXPECT_THROW(getStyleNameText(style), std::out_of_range);
+    }
+    EXPECT_EQ(assertions.getExpressions(), std::vector<std::string>(8, "index < PredefinedStylesCount"));
 }
 
 TEST(PredefinedTextStyles, ParentsGiveWhatAStyleDoesNotSet)
