@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include <boost/unordered/unordered_set.hpp>
+#include <boost/unordered_set.hpp>
 #include <boost/utility/string_ref.hpp>
 
 #include <FilterUtils/FU_Export.h>

@@ -94,7 +94,8 @@ private:
         std::string label;
         if (const auto reference = _formats.getNumRef(paragraph)) {
             ++_counts.items;
-            label = _labels.next(*reference) + " ";
+            if (Filters::isInFinalView(paragraph) && !Filters::isHidden(paragraph, _formats, scope))
+                label = _labels.next(*reference);
         }
         for (const DOM::Run& run : paragraph.getRuns()) {
             run.accept(*this);
@@ -109,7 +110,7 @@ private:
         std::string text = Filters::getSeenText(paragraph, _formats, scope);
         std::replace(text.begin(), text.end(), '\t', ' ');
         if (text.find_first_not_of(" \t\n") != std::string::npos)
-            _lines.push_back(label + text.substr(0, text.find('\n')));
+            _lines.push_back(label + (label.empty() ? "" : " ") + text.substr(0, text.find('\n')));
     }
 
     void countTable(const DOM::Table& table)

@@ -52,9 +52,9 @@ public:
     MarkdownWriter(const DOM::Document& document, const NoteNumbers& notes, const std::string& mediaFolder)
         : _document(document)
         , _formats(document)
-        , _labels(document)
         , _inline(_formats, notes, mediaFolder)
     {
+        _labels.emplace_back(document);
     }
 
     void write(const DOM::Block& block, std::string& text)
@@ -74,7 +74,27 @@ public:
             write(*block, text);
     }
 
-    /// Blocks on one line: the text of a cell, or of a note.
+    /// Blocks on one line whose lists count for themselves: those of a note, or of a text box in a cell.
+    std::string writeStoryLine(const MarkdownBlocks& blocks)
+    {
+        _labels.emplace_back(_document);
+        std::string line = writeLine(blocks, {});
+        _labels.pop_back();
+        return line;
+    }
+
+    /// What belongs at the end of the text.
+    const std::string& getLinkDefinitions() const { return _inline.getLinkDefinitions(); }
+
+private:
+    /// An item whose list is open: items of deeper levels stand below its text.
+    struct OpenItem
+    {
+        unsigned long level;
+        std::size_t indent; // of its text
+    };
+
+    /// Blocks on one line, such as those of a cell.
     std::string writeLine(const MarkdownBlocks& blocks, const CellScope& scope)
     {
         std::string line;
@@ -84,14 +104,6 @@ public:
         }
         return line;
     }
-
-private:
-    /// An item whose list is open: items of deeper levels stand below its text.
-    struct OpenItem
-    {
-        unsigned long level;
-        std::size_t indent; // of its text
-    };
 
     boost::optional<unsigned long> findHeadingLevel(const DOM::Paragraph& paragraph)
     {
@@ -106,24 +118,24 @@ private:
 
     void writeParagraph(const DOM::Paragraph& paragraph, std::string& text)
     {
-        if (!isInFinalView(paragraph))
+        if (!isInFinalView(paragraph) || isHidden(paragraph, _formats))
             return;
         std::vector<const DOM::Frame*> shapes;
         const auto heading = findHeadingLevel(paragraph);
         std::string line =
             _inline.write(paragraph, {}, heading ? MarkdownPlace::Heading : MarkdownPlace::Paragraph, shapes);
         const auto reference = _formats.getNumRef(paragraph);
-        const std::string label = reference ? _labels.next(*reference) : std::string();
-        const bool isEmpty = line.find_first_not_of(" \n\\") == std::string::npos;
-        if (heading && !isEmpty) {
+        const std::string label = reference ? _labels.back().next(*reference) : std::string();
+        if (heading && !line.empty()) {
             const std::string number = label.empty() ? label : escapeMarkdown(label) + " ";
             startBlock(text);
-            text += std::string(*heading, '#') + " " + number + escapeMarkdownLine(line) + "\n";
-        } else if (reference && !label.empty() && !isEmpty) {
+            text += std::string(*heading, '#') + " " +
+                    escapeMarkdownHeadingEnd(number + escapeMarkdownLine(line)) + "\n";
+        } else if (reference && !label.empty() && !line.empty()) {
             writeItem(*reference, label, line, text);
-        } else if (!isEmpty) {
+        } else if (!line.empty()) {
             startBlock(text);
-            text += escapeMarkdownLine(line) + "\n";
+            text += line + "\n";
         }
         for (const DOM::Frame* const shape : shapes)
             writeShape(*shape, text);
@@ -165,8 +177,11 @@ private:
         const auto* const shape = dynamic_cast<const DOM::Shape*>(frame.getGraphicalObject());
         if (!shape)
             return;
-        if (shape->getText())
+        if (shape->getText()) {
+            _labels.emplace_back(_document);
             write(shape->getText()->getBlocks(), text);
+            _labels.pop_back();
+        }
         for (const DOM::Frame& child : shape->getChildren())
             writeShape(child, text);
     }
@@ -175,11 +190,11 @@ private:
     {
         std::string piece;
         if (const auto* const paragraph = dynamic_cast<const DOM::Paragraph*>(&block)) {
-            if (!isInFinalView(*paragraph))
+            if (!isInFinalView(*paragraph) || isHidden(*paragraph, _formats, scope))
                 return piece;
             std::vector<const DOM::Frame*> shapes;
             if (const auto reference = _formats.getNumRef(*paragraph))
-                piece = escapeMarkdown(_labels.next(*reference));
+                piece = escapeMarkdown(_labels.back().next(*reference));
             const std::string line = _inline.write(*paragraph, scope, MarkdownPlace::TableCell, shapes);
             piece += piece.empty() || line.empty() ? line : " " + line;
             for (const DOM::Frame* const shape : shapes)
@@ -200,7 +215,7 @@ private:
         const auto* const shape = dynamic_cast<const DOM::Shape*>(frame.getGraphicalObject());
         if (!shape)
             return {};
-        std::string line = shape->getText() ? "<br>" + writeLine(shape->getText()->getBlocks(), {}) : "";
+        std::string line = shape->getText() ? "<br>" + writeStoryLine(shape->getText()->getBlocks()) : "";
         for (const DOM::Frame& child : shape->getChildren())
             line += writeShapeLine(child);
         return line;
@@ -254,7 +269,7 @@ private:
 
     const DOM::Document& _document;
     EffectiveFormats _formats;
-    ListLabels _labels;
+    std::vector<ListLabels> _labels; // of the stories that are open, from the outermost on
     MarkdownInline _inline;
     std::vector<OpenItem> _openItems;
     bool _isFirst = true;
@@ -272,11 +287,11 @@ void writeMarkdown(const DOM::Document& document, const std::string& mediaFolder
         writer.write(block, text);
         out << text;
     }
-    MarkdownWriter noteWriter(document, notes, mediaFolder); // lists of notes count for themselves
     for (std::size_t i = 0; i < notes.getNotes().size(); ++i)
-        out << "\n[^" << i + 1 << "]: "
-            << escapeMarkdownLine(noteWriter.writeLine(notes.getNotes()[i]->getText()->getBlocks(), {}))
+        out << "\n[^" << i + 1
+            << "]: " << escapeMarkdownLine(writer.writeStoryLine(notes.getNotes()[i]->getText()->getBlocks()))
             << '\n';
+    out << writer.getLinkDefinitions();
 }
 
 } // namespace QV::Filters

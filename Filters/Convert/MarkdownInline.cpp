@@ -1,6 +1,8 @@
 #include <Filters/Convert/MarkdownInline.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include <boost/algorithm/string/replace.hpp>
 #include <fmt/format.h>
@@ -22,6 +24,7 @@ namespace QV::Filters {
 namespace {
 
 constexpr const char* Blanks = " \n";
+constexpr std::size_t LinkBytesMax = 8192;
 
 /// Puts a stretch between marks, its outer blanks outside, for marks beside a blank mean nothing.
 std::string surround(const std::string& text, const std::string& before, const std::string& after)
@@ -33,7 +36,55 @@ std::string surround(const std::string& text, const std::string& before, const s
     return text.substr(0, begin) + before + text.substr(begin, end - begin) + after + text.substr(end);
 }
 
+/// An exclamation mark before a link would make a picture of it, which readers load unasked.
+void appendMarkdown(std::string& text, const std::string& piece)
+{
+    if (!text.empty() && text.back() == '!' && !piece.empty() && piece.front() == '[')
+        text.insert(text.size() - 1, 1, '\\');
+    text += piece;
+}
+
+/// Makes the lines of a paragraph what its place can hold.
+std::string joinMarkdownLines(std::string text, MarkdownPlace place)
+{
+    text.erase(text.find_last_not_of(Blanks) + 1);
+    if (place == MarkdownPlace::Heading)
+        return boost::replace_all_copy(text, "\n", " ");
+    if (place == MarkdownPlace::TableCell)
+        return boost::replace_all_copy(text, "\n", "<br>");
+    std::string lines;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        lines += (begin == 0 ? "" : "\\\n") + escapeMarkdownLine(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return lines;
+}
+
+/// The path of a picture in a link, where these characters would end it or stand for others.
+std::string makeMarkdownPath(const std::string& folder, const std::string& file)
+{
+    std::string path;
+    for (const char c : folder)
+        if (c == '%' || c == '#' || c == '?')
+            path += fmt::format("%{:02X}", static_cast<unsigned char>(c));
+        else
+            path += c;
+    return path + "/" + file;
+}
+
 } // namespace
+
+std::string MarkdownLinks::write(const std::string& target)
+{
+    constexpr std::size_t InlineBytesMax = 200;
+    if (target.size() <= InlineBytesMax)
+        return "(" + quoteMarkdownTarget(target) + ")";
+    const auto [known, isNew] = _numbers.try_emplace(target, _numbers.size() + 1);
+    if (isNew)
+        _definitions += fmt::format("\n[link{}]: {}\n", known->second, quoteMarkdownTarget(target));
+    return fmt::format("[link{}]", known->second);
+}
 
 MarkdownInline::Look MarkdownInline::makeLook(
     const DOM::Run& run, const DOM::RunProps& props, MarkdownPlace place) const
@@ -43,8 +94,10 @@ MarkdownInline::Look MarkdownInline::makeLook(
     look.isItalic = props.getItalic().value_or(false);
     look.isStruck = props.getStrikethrough().value_or(false);
     const auto& link = run.getStyle().getHyperlink();
-    if (link && isSafeLink(link->getURL()))
-        look.link = FilterUtils::joinHyperlink(*link);
+    std::string target =
+        link && isSafeLink(link->getURL()) ? FilterUtils::joinHyperlink(*link) : std::string();
+    if (target.size() <= LinkBytesMax) // each run may write it anew
+        look.link = std::move(target);
     return look;
 }
 
@@ -56,18 +109,14 @@ std::string MarkdownInline::writePicture(const DOM::Frame& frame) const
     const std::string name = escapeMarkdown(frame.getName().empty() ? "picture" : frame.getName());
     if (_mediaFolder.empty())
         return "\\[" + name + "\\]";
-    return fmt::format("![{}]({})", name,
-        quoteMarkdownTarget(boost::replace_all_copy(_mediaFolder, "%", "%25") + "/" + picture->getMediaId()));
+    return fmt::format(
+        "![{}]({})", name, quoteMarkdownTarget(makeMarkdownPath(_mediaFolder, picture->getMediaId())));
 }
 
-std::string MarkdownInline::writeRun(
-    const DOM::Run& run, MarkdownPlace place, std::vector<const DOM::Frame*>& shapes) const
+std::string MarkdownInline::writeRun(const DOM::Run& run, std::vector<const DOM::Frame*>& shapes) const
 {
-    if (dynamic_cast<const DOM::BreakRun*>(&run)) {
-        if (place == MarkdownPlace::Heading)
-            return " ";
-        return place == MarkdownPlace::TableCell ? "<br>" : "\\\n";
-    }
+    if (dynamic_cast<const DOM::BreakRun*>(&run))
+        return "\n";
     if (const auto* const anchor = dynamic_cast<const DOM::AnchorRun*>(&run)) {
         const unsigned long number = _notes.getNumber(anchor->getTargetUUID());
         return number == 0 ? std::string() : fmt::format("[^{}]", number);
@@ -93,8 +142,8 @@ std::string MarkdownInline::write(const DOM::Paragraph& paragraph, const CellSco
         const std::string struck = look.isStruck ? "~~" : "";
         std::string text = surround(stretch, marks + struck, struck + closing);
         if (!look.link.empty())
-            text = surround(text, "[", "](" + quoteMarkdownTarget(look.link) + ")");
-        result += text;
+            text = surround(text, "[", "]" + _links.write(look.link));
+        appendMarkdown(result, text);
         stretch.clear();
     };
     for (const DOM::Run& run : paragraph.getRuns()) {
@@ -104,16 +153,16 @@ std::string MarkdownInline::write(const DOM::Paragraph& paragraph, const CellSco
         if (props.getHidden().value_or(false))
             continue;
         const Look next = makeLook(run, props, place);
-        const std::string text = writeRun(run, place, shapes);
+        const std::string text = writeRun(run, shapes);
         if (text.empty())
             continue;
         if (!(next == look))
             endStretch();
         look = next;
-        stretch += text;
+        appendMarkdown(stretch, text);
     }
     endStretch();
-    return result;
+    return joinMarkdownLines(std::move(result), place);
 }
 
 } // namespace QV::Filters

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include <Filters/Package/EffectiveFormats.h>
@@ -23,6 +25,22 @@ enum class MarkdownPlace
     TableCell, ///< one line, breaks as "<br>"
 };
 
+/// The targets of links. A long one stands once, at the end of the text, since any count of pieces of text
+/// may lead to it.
+class MarkdownLinks
+{
+public:
+    /// What stands behind the text of a link in brackets.
+    std::string write(const std::string& target);
+
+    /// The long targets, each in a paragraph of its own; empty for none.
+    const std::string& getDefinitions() const { return _definitions; }
+
+private:
+    std::unordered_map<std::string, std::size_t> _numbers; // of long targets
+    std::string _definitions;
+};
+
 /// Writes the runs of paragraphs as Markdown: emphasis, links, pictures and notes. Runs that look alike are
 /// one stretch.
 class MarkdownInline
@@ -35,9 +53,14 @@ public:
     {
     }
 
+    /// What a paragraph shows, without blanks and breaks at its end; of MarkdownPlace::Paragraph, each line
+    /// has been through escapeMarkdownLine.
     /// @param shapes receives the frames that show shapes, whose text stands apart
     std::string write(const DOM::Paragraph& paragraph, const CellScope& scope, MarkdownPlace place,
         std::vector<const DOM::Frame*>& shapes);
+
+    /// What belongs at the end of the text.
+    const std::string& getLinkDefinitions() const { return _links.getDefinitions(); }
 
 private:
     struct Look
@@ -55,12 +78,12 @@ private:
     };
 
     Look makeLook(const DOM::Run& run, const DOM::RunProps& props, MarkdownPlace place) const;
-    std::string writeRun(
-        const DOM::Run& run, MarkdownPlace place, std::vector<const DOM::Frame*>& shapes) const;
+    std::string writeRun(const DOM::Run& run, std::vector<const DOM::Frame*>& shapes) const;
     std::string writePicture(const DOM::Frame& frame) const;
 
     EffectiveFormats& _formats;
     const NoteNumbers& _notes;
+    MarkdownLinks _links;
     std::string _mediaFolder;
 };
 

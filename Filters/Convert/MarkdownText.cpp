@@ -50,11 +50,20 @@ std::string escapeMarkdownLine(const std::string& line)
     return result;
 }
 
+std::string escapeMarkdownHeadingEnd(const std::string& heading)
+{
+    const std::size_t last = heading.find_last_not_of('#');
+    std::string result = heading;
+    if (last != std::string::npos && last + 1 < heading.size() && heading[last] == ' ')
+        result.insert(last + 1, 1, '\\');
+    return result;
+}
+
 std::string quoteMarkdownTarget(const std::string& target)
 {
     std::string result = "<";
     for (const char c : target)
-        if (c == '<' || c == '>' || c == '\\' || c == ' ' || isControl(c))
+        if (c == '<' || c == '>' || c == '\\' || c == ' ' || c == '|' || c == '`' || isControl(c))
             result += fmt::format("%{:02X}", static_cast<unsigned char>(c));
         else
             result += c;

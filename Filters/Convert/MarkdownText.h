@@ -19,6 +19,9 @@ FILTERS_API std::string escapeMarkdown(const std::string& text);
 /// been through escapeMarkdown. Blanks in front are dropped.
 FILTERS_API std::string escapeMarkdownLine(const std::string& line);
 
+/// The same for what ends a heading, where "#" behind a blank means nothing but its end.
+FILTERS_API std::string escapeMarkdownHeadingEnd(const std::string& heading);
+
 /// A link's target between "<" and ">".
 FILTERS_API std::string quoteMarkdownTarget(const std::string& target);
 

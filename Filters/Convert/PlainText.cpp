@@ -26,7 +26,7 @@
 namespace QV::Filters {
 namespace {
 
-using Blocks = std::vector<std::unique_ptr<DOM::Block>>;
+using PlainBlocks = std::vector<std::unique_ptr<DOM::Block>>;
 
 /// Text on one line of a table's row.
 std::string joinLines(std::string text)
@@ -43,10 +43,11 @@ class PlainTextWriter
 {
 public:
     PlainTextWriter(const DOM::Document& document, const NoteNumbers& notes)
-        : _formats(document)
-        , _labels(document)
+        : _document(document)
+        , _formats(document)
         , _notes(notes)
     {
+        _labels.emplace_back(document);
     }
 
     void write(const DOM::Block& block, const CellScope& scope, std::string& text)
@@ -59,19 +60,27 @@ public:
             write(contents->getBlocks(), scope, text);
     }
 
-    void write(const Blocks& blocks, const CellScope& scope, std::string& text)
+    void write(const PlainBlocks& blocks, const CellScope& scope, std::string& text)
     {
         for (const auto& block : blocks)
             write(*block, scope, text);
     }
 
+    /// Blocks whose lists count for themselves: those of a text box, or of a note.
+    void writeStory(const PlainBlocks& blocks, std::string& text)
+    {
+        _labels.emplace_back(_document);
+        write(blocks, {}, text);
+        _labels.pop_back();
+    }
+
 private:
     void writeParagraph(const DOM::Paragraph& paragraph, const CellScope& scope, std::string& text)
     {
-        if (!isInFinalView(paragraph))
+        if (!isInFinalView(paragraph) || isHidden(paragraph, _formats, scope))
             return;
         if (const auto reference = _formats.getNumRef(paragraph)) {
-            const std::string label = _labels.next(*reference);
+            const std::string label = _labels.back().next(*reference);
             text += label.empty() ? label : label + ' ';
         }
         std::vector<const DOM::Frame*> frames;
@@ -107,7 +116,7 @@ private:
         if (!shape)
             return;
         if (shape->getText())
-            write(shape->getText()->getBlocks(), {}, text);
+            writeStory(shape->getText()->getBlocks(), text);
         for (const DOM::Frame& child : shape->getChildren())
             writeFrame(child, text);
     }
@@ -132,8 +141,9 @@ private:
         text += isFirst ? "" : "\n";
     }
 
+    const DOM::Document& _document;
     EffectiveFormats _formats;
-    ListLabels _labels;
+    std::vector<ListLabels> _labels; // of the stories that are open, from the outermost on
     const NoteNumbers& _notes;
 };
 
@@ -149,10 +159,9 @@ void writePlainText(const DOM::Document& document, std::ostream& out)
         writer.write(block, {}, text);
         out << text;
     }
-    PlainTextWriter noteWriter(document, notes); // lists of notes count for themselves
     for (std::size_t i = 0; i < notes.getNotes().size(); ++i) {
         text.clear();
-        noteWriter.write(notes.getNotes()[i]->getText()->getBlocks(), {}, text);
+        writer.writeStory(notes.getNotes()[i]->getText()->getBlocks(), text);
         boost::algorithm::trim_left_if(text, [](char c) { return c == ' '; });
         out << (i == 0 ? "\n[" : "[") << i + 1 << "] " << text;
     }

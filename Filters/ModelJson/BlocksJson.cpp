@@ -54,7 +54,7 @@ public:
 
 private:
     void writeParagraph(const DOM::Paragraph& paragraph, const CellScope& scope);
-    void writeNumbering(const DOM::Paragraph& paragraph);
+    void writeNumbering(const DOM::Paragraph& paragraph, const CellScope& scope);
     void writeBookmarks(const DOM::Paragraph& paragraph);
     void writeTable(const DOM::Table& table);
     void writeTableRows(const DOM::Table& table);
@@ -100,7 +100,7 @@ void BlocksWriter::writeParagraph(const DOM::Paragraph& paragraph, const CellSco
         if (const char* const name = AlignmentNames[static_cast<std::size_t>(*props.getAlignment())])
             _json.writeMember("alignment", name);
     _json.writeMember("text", getSeenText(paragraph, formats, scope));
-    writeNumbering(paragraph);
+    writeNumbering(paragraph, scope);
     writeBookmarks(paragraph);
     if (outlineLevel && *outlineLevel < BodyOutlineLevel)
         _json.writeMember("outlineLevel", *outlineLevel);
@@ -120,7 +120,7 @@ const char* findListType(const DOM::NumberedList& list)
     return *type == DOM::NumListNameType::Bulleted ? "bulleted" : "numbered";
 }
 
-void BlocksWriter::writeNumbering(const DOM::Paragraph& paragraph)
+void BlocksWriter::writeNumbering(const DOM::Paragraph& paragraph, const CellScope& scope)
 {
     const std::unique_ptr<DOM::NumberingRef> reference = _state.getFormats().getNumRef(paragraph);
     const DOM::NumberedList* const list = reference ? _state.getFormats().findList(*reference) : nullptr;
@@ -130,7 +130,8 @@ void BlocksWriter::writeNumbering(const DOM::Paragraph& paragraph)
     _json.beginObject();
     _json.writeMember("list", _state.getListId(*list));
     _json.writeMember("level", reference->getLevel().value_or(0));
-    if (isInFinalView(paragraph)) // who is not there is not counted
+    // What is not there is not counted.
+    if (isInFinalView(paragraph) && !isHidden(paragraph, _state.getFormats(), scope))
         _json.writeMember("text", _labels.next(*reference));
     if (const char* const type = findListType(*list))
         _json.writeMember("listType", type);

@@ -134,9 +134,10 @@ void writeRunJson(
     if (parts.hasText)
         json.writeMember("text", getRunText(run));
     writeRunLook(props, json);
-    if (style.getHyperlink())
-        writeShortMember("hyperlink", FilterUtils::joinHyperlink(*style.getHyperlink()), json,
-            TextJsonState::LinkBytesMax);
+    if (style.getHyperlink()) {
+        const std::string link = FilterUtils::joinHyperlink(*style.getHyperlink());
+        writeShortMember("hyperlink", link, json, state.takeLinkRoom(link.size()));
+    }
     if (const auto* const picture =
             parts.frame ? dynamic_cast<const DOM::Picture*>(parts.frame->getGraphicalObject()) : nullptr)
         json.writeMember("media", picture->getMediaId());

@@ -16,7 +16,7 @@ class FilterRun;
 /// together make them; what is not set is left out.
 ///
 /// The ids of lists are drawn from the run where they are sequential. Names and fields that many objects may
-/// share are cut after 1,024 bytes, links after 8,192.
+/// share are cut after 1,024 bytes, links after 8,192; after 16 MiB of long links, these after 1,024, too.
 FILTERS_API void writeTextJson(FilterRun& run, std::ostream& out);
 
 } // namespace QV::Filters

@@ -1,5 +1,6 @@
 #include <Filters/ModelJson/TextJsonState.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include <DOM/Public/Document.h>
@@ -30,6 +31,17 @@ const NoteName* TextJsonState::findNoteName(const UUID& note) const
 {
     const auto found = _noteNames.find(note);
     return found == _noteNames.end() ? nullptr : &found->second;
+}
+
+std::size_t TextJsonState::takeLinkRoom(std::size_t size)
+{
+    const std::size_t bytes = std::min(size, LinkBytesMax);
+    if (bytes <= NameBytesMax)
+        return bytes;
+    if (bytes > LongLinksBytesMax - _longLinksBytes)
+        return NameBytesMax;
+    _longLinksBytes += bytes;
+    return bytes;
 }
 
 void writeShortMember(boost::string_ref key, const std::string& text, JsonWriter& json, std::size_t bytesMax)

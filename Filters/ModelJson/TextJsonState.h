@@ -27,6 +27,7 @@ class TextJsonState
 public:
     static constexpr std::size_t NameBytesMax = 1024;
     static constexpr std::size_t LinkBytesMax = 8192;
+    static constexpr std::size_t LongLinksBytesMax = std::size_t(16) << 20U;
 
     TextJsonState(FilterRun& run, JsonWriter& json);
 
@@ -38,6 +39,9 @@ public:
     const std::string& getListId(const DOM::NumberedList& list);
     /// Null where the document has no note of that identifier.
     const NoteName* findNoteName(const UUID& note) const;
+    /// How many bytes of a link of @p size are written: all runs of a link say it. Once LongLinksBytesMax of
+    /// those beyond NameBytesMax were written, no more than that.
+    std::size_t takeLinkRoom(std::size_t size);
 
 private:
     FilterRun& _run;
@@ -46,6 +50,7 @@ private:
     EffectiveFormats _formats;
     std::unordered_map<UUID, std::string> _listIds;
     const NoteNames _noteNames;
+    std::size_t _longLinksBytes = 0;
 };
 
 /// Writes a text that many objects may share: its first bytes, so that the output stays in proportion to the

@@ -57,6 +57,8 @@ void AlternateContent::processElements(const XMLElement& parent, const std::stri
 XMLElement AlternateContent::getElement(const XMLElement& parent, const std::string& name) const
 {
     XMLElement first = parent.getElement(name);
+    if (first.isValid())
+        return first;
     parent.processElements(getNames().content, [&](const XMLElement& alternateContent) {
         if (!first.isValid())
             first = getElement(findBranch(alternateContent, parent), name);

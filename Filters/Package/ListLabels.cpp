@@ -76,8 +76,7 @@ std::string ListLabels::next(const DOM::NumberingRef& reference)
         const auto level = static_cast<std::size_t>(digit - '1');
         if (level > item)
             continue;
-        const long number = levels[level].isActive ? levels[level].number : definitions[level]->getStart();
-        label += formatLevelNumber(*definitions[level], number, definition.isLegal());
+        label += formatLevelNumber(*definitions[level], levels[level].number, definition.isLegal());
     }
     cutUtf8(label, ListLabelBytesMax);
     return label;

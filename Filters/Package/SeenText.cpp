@@ -1,5 +1,6 @@
 #include <Filters/Package/SeenText.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -139,6 +140,20 @@ bool isInFinalView(const DOM::Paragraph& paragraph)
             return true;
     }
     return false;
+}
+
+bool isHidden(const DOM::Paragraph& paragraph, EffectiveFormats& formats, const CellScope& scope)
+{
+    const auto isHiddenStyle = [&](const DOM::RunStyle& style) {
+        return formats.getRunProps(paragraph, style, scope).getHidden().value_or(false);
+    };
+    if (!isHiddenStyle(paragraph.getParaMarkStyle()))
+        return false;
+    const auto runs = paragraph.getRuns();
+    return std::none_of(runs.begin(), runs.end(), [&](const DOM::Run& run) {
+        return isInFinalView(run) && !dynamic_cast<const DOM::BookmarkRun*>(&run) &&
+               !isHiddenStyle(run.getStyle());
+    });
 }
 
 std::string getSeenText(

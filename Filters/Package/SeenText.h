@@ -34,6 +34,11 @@ FILTERS_API std::string getSeenText(
 /// Whether the final view has the paragraph: not one whose mark a change takes away and that shows nothing.
 FILTERS_API bool isInFinalView(const DOM::Paragraph& paragraph);
 
+/// Whether all that the final view shows of the paragraph is hidden, the mark at its end included: it is not
+/// there for a reader then, and its list does not count it.
+FILTERS_API bool isHidden(
+    const DOM::Paragraph& paragraph, EffectiveFormats& formats, const CellScope& scope = {});
+
 /// The seen text of blocks, those in tables and tables of contents included, joined by "\n" where it is not
 /// empty; cut after @p bytesMax bytes at a character's end.
 FILTERS_API std::string getSeenText(

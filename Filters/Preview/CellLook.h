@@ -3,8 +3,6 @@
 #include <string>
 #include <unordered_map>
 
-#include <DOM/Public/BordersProps.h>
-#include <DOM/Public/Cell.h>
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/LineProps.h>
 #include <DOM/Public/RunProps.h>

@@ -49,7 +49,7 @@ public:
 
     void write(const ParagraphNeighbours& neighbours)
     {
-        if (isHiddenWhole())
+        if (isHidden(_paragraph, _context.formats, _place.scope))
             return;
         if (_props.getPageBreakBefore().value_or(false) && _place.depth == 0)
             _page += "<hr class=\"break\">\n";
@@ -74,20 +74,6 @@ public:
     }
 
 private:
-    bool isHidden(const DOM::RunStyle& style)
-    {
-        return _context.formats.getRunProps(_paragraph, style, _place.scope).getHidden().value_or(false);
-    }
-
-    bool isHiddenWhole()
-    {
-        if (!isHidden(_paragraph.getParaMarkStyle()))
-            return false;
-        const auto runs = _paragraph.getRuns();
-        return std::none_of(runs.begin(), runs.end(),
-            [this](const DOM::Run& run) { return isInFinalView(run) && !isHidden(run.getStyle()); });
-    }
-
     /// A heading that says nothing is none for readers that jump from heading to heading.
     boost::optional<unsigned long> findHeadingLevel()
     {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -9,7 +9,6 @@
 #include <DOM/Public/LineProps.h>
 #include <DOM/Public/Table.h>
 #include <Filters/Package/Export.h>
-#include <Utils/Public/TableIndices/TableRange.h>
 
 namespace QV::Filters {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include <boost/optional.hpp>
 #include <boost/variant/get.hpp>
@@ -156,13 +157,26 @@ private:
         const std::string name = makeFrameName(frame, "Picture");
         if (uri.empty()) {
             writeEmptyFrame(name, style);
-        } else if (uri.size() > _context.limits.pictureBytes - _context.counts.pictureBytes) {
+        } else if (!takePictureRoom(picture, uri.size())) {
             ++_context.counts.leftFrames;
             writeEmptyFrame(name, style);
         } else {
-            _context.counts.pictureBytes += uri.size();
             _page += fmt::format("<img alt=\"{}\" style=\"{}\" src=\"{}\">", name, style, uri);
         }
+    }
+
+    /// A file has a picture once, but may show it any count of times.
+    bool takePictureRoom(const DOM::Picture& picture, std::size_t bytes)
+    {
+        TextPageCounts& counts = _context.counts;
+        const bool isRepeated = counts.pictures.count(picture.getMediaId()) != 0;
+        if (bytes > _context.limits.pictureBytes - counts.pictureBytes ||
+            (isRepeated && bytes > _context.limits.repeatedBytes - counts.repeatedBytes))
+            return false;
+        counts.pictures.insert(picture.getMediaId());
+        counts.pictureBytes += bytes;
+        counts.repeatedBytes += isRepeated ? bytes : 0;
+        return true;
     }
 
     void writeEmptyFrame(const std::string& name, const std::string& style)

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_set>
 
 #include <Filters/Package/EffectiveFormats.h>
 #include <Filters/Preview/StyleSheet.h>
@@ -24,8 +25,10 @@ struct TextPageCounts
     std::size_t blocks = 0;
     std::size_t cells = 0;
     std::size_t frames = 0;
-    std::size_t pictureBytes = 0;   ///< of all pictures that stand in the page
-    std::size_t elsewhereBytes = 0; ///< of the page, but not yet in the text that is being written
+    std::size_t pictureBytes = 0;             ///< of all pictures that stand in the page
+    std::size_t repeatedBytes = 0;            ///< of those that stood there before
+    std::unordered_set<std::string> pictures; ///< the ids of those that stand there
+    std::size_t elsewhereBytes = 0;           ///< of the page, but not yet in the text that is being written
 
     std::size_t leftBlocks = 0;
     std::size_t leftRows = 0;

@@ -6,8 +6,6 @@
 
 #include <string>
 
-#include <boost/optional.hpp>
-
 #include <DOM/Public/BordersProps.h>
 #include <DOM/Public/CellProps.h>
 #include <DOM/Public/PageProps.h>

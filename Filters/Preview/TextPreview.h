@@ -19,6 +19,7 @@ struct TextPreviewLimits
     std::size_t cells = 200'000;                   ///< of all tables, empty ones included
     std::size_t frames = 1000;
     std::size_t pictureBytes = std::size_t{128} << 20; ///< of all pictures as they stand in the page
+    std::size_t repeatedBytes = std::size_t{16} << 20; ///< of pictures that stood in the page before
     std::size_t rules = 10'000;                        ///< of the style sheet; more looks are not shown
     unsigned nesting = 50;                             ///< of tables, text boxes and tables of contents
 };

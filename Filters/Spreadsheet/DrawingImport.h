@@ -8,6 +8,7 @@
 #include <boost/optional.hpp>
 
 #include <DOM/Public/GraphicalObject.h>
+#include <Filters/Package/DrawnTransform.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Package/PartPictures.h>
 #include <Filters/Spreadsheet/DrawingObjects.h>

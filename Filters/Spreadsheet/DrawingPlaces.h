@@ -1,6 +1,7 @@
 #pragma once
 
 #include <DOM/Public/Frame.h>
+#include <Filters/Package/DrawnTransform.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Spreadsheet/DrawingObjects.h>
 

@@ -143,7 +143,10 @@ DOM::Color mixColors(const DOM::Color& filling, const DOM::Color& pattern, doubl
 
 boost::optional<DOM::Color> FormatValues::readColor(const XMLElement& element) const
 {
-    return readColor(element, {"val", "themeColor", "themeTint", "themeShade"});
+    const auto color = readColor(element, {"val", "themeColor", "themeTint", "themeShade"});
+    if (color || attribute(element, "val").text != std::string("auto"))
+        return color;
+    return DOM::Color(DOM::Color::RGBA(0, 0, 0, 0));
 }
 
 boost::optional<DOM::Color> FormatValues::readColor(
@@ -184,6 +187,17 @@ boost::optional<DOM::Color> FormatValues::readShading(const XMLElement& shading)
     const auto color = readColor(shading, {"color", "themeColor", "themeTint", "themeShade"});
     return mixColors(filling.value_or(DOM::Color(makeOpaqueColor(0xFFFFFF))),
         color.value_or(DOM::Color(makeOpaqueColor(0x000000))), share);
+}
+
+boost::optional<DOM::Color> FormatValues::readFilling(const XMLElement& parent) const
+{
+    const XMLElement shading = find(parent, "shd");
+    const auto color = readShading(shading);
+    const bool isNone = attribute(shading, "val").text == std::string("nil") ||
+                        attribute(shading, "fill").text == std::string("auto");
+    if (color || !isNone)
+        return color;
+    return DOM::Color(DOM::Color::RGBA(255, 255, 255, 0));
 }
 
 std::shared_ptr<const DOM::LineProps> FormatValues::readBorderLine(const XMLElement& border) const

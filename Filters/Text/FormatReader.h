@@ -8,6 +8,7 @@
 #include <DOM/Public/ParaProps.h>
 #include <DOM/Public/RunProps.h>
 #include <DOM/Public/TrackedChange.h>
+#include <FilterUtils/FU_Lengths.h>
 #include <FilterUtils/FU_XMLElement.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Text/FormatValues.h>
@@ -52,14 +53,15 @@ struct ParaFormat
 
 /// Reads properties of runs and paragraphs, in a document or in its styles. What cannot be read is reported,
 /// as FormatValues says, and stays unset; tab stops beyond 64 of one paragraph are left out with the message
-/// "Tab stops beyond {} are left out". References live as long as the reader.
+/// "Tab stops beyond {} are left out", and names of fonts end after 1,024 bytes with the message "Name of a
+/// font is cut at {} bytes". References live as long as the reader.
 class FILTERS_API FormatReader
 {
 public:
-    /// @param messages where not null, a thousand messages of a pattern are told, and it counts the others
+    /// See FormatValues.
     FormatReader(const Names& names, const Colors& colors, const TextTheme& theme, OperationReport& report,
-        MessageCounts* messages = nullptr)
-        : _values(names, colors, theme, report, messages)
+        MessageCounts* messages = nullptr, const FilterUtils::XMLElement& root = {})
+        : _values(names, colors, theme, report, messages, root)
     {
     }
 

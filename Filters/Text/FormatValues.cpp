@@ -5,6 +5,7 @@
 
 #include <Filters/Package/MessageCounts.h>
 #include <Filters/Package/Namespaces.h>
+#include <Filters/Text/StoryAlternatives.h>
 #include <OfficeUtils/Public/NumberParsing.h>
 #include <Utils/Public/NumberText.h>
 #include <Utils/Public/OperationReport.h>
@@ -78,18 +79,25 @@ bool isMeasureWithin(float length, FilterUtils::LengthType type)
 } // namespace
 
 FormatValues::FormatValues(const Names& names, const Colors& colors, const TextTheme& theme,
-    OperationReport& report, MessageCounts* messages)
+    OperationReport& report, MessageCounts* messages, const XMLElement& root)
     : _names(names)
     , _colors(colors)
     , _theme(theme)
     , _report(report)
     , _messages(messages)
+    , _children(root, getUnderstoodNamespaces())
 {
 }
 
 XMLElement FormatValues::find(const XMLElement& parent, const char* name) const
 {
-    return parent.getElement(_names(Vocabulary::WordProcessing, name));
+    return _children.getElement(parent, _names(Vocabulary::WordProcessing, name));
+}
+
+void FormatValues::processElements(
+    const XMLElement& parent, const char* name, const std::function<void(const XMLElement&)>& function) const
+{
+    _children.processElements(parent, _names(Vocabulary::WordProcessing, name), function);
 }
 
 FormatText FormatValues::attribute(const XMLElement& element, const char* name) const
@@ -157,24 +165,6 @@ UnitOpt FormatValues::readLength(
     }
     if (points && isMeasureWithin(*points, type))
         return points;
-    report(UnexpectedFormatValue, *text.text, text.name);
-    return boost::none;
-}
-
-boost::optional<double> FormatValues::readPercentage(const FormatText& text) const
-{
-    if (!text.text)
-        return boost::none;
-    if (text.text->find('%') != std::string::npos) {
-        OperationReport messages;
-        const auto share = FilterUtils::convertPercentage(messages, *text.text);
-        takeMessages(messages);
-        return share;
-    }
-    constexpr double FiftiethsOfPercents = 5000;
-    const auto number = OfficeUtils::stringToDouble(*text.text);
-    if (number && std::isfinite(*number))
-        return *number / FiftiethsOfPercents;
     report(UnexpectedFormatValue, *text.text, text.name);
     return boost::none;
 }

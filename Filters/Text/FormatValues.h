@@ -1,8 +1,7 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
-#include <iterator>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -13,6 +12,7 @@
 #include <DOM/Public/ParaProps.h>
 #include <FilterUtils/FU_Lengths.h>
 #include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Package/AlternateContent.h>
 #include <Filters/Package/Export.h>
 #include <Utils/Public/Unit.h>
 
@@ -66,15 +66,20 @@ class FILTERS_API FormatValues
 {
 public:
     /// @param messages where not null, a thousand messages of a pattern are told, and it counts the others
+    /// @param root of the part, whose declarations alternate content refers to; the invalid view where there
+    ///     is no such content, or it declares its prefixes by itself
     FormatValues(const Names& names, const Colors& colors, const TextTheme& theme, OperationReport& report,
-        MessageCounts* messages = nullptr);
+        MessageCounts* messages = nullptr, const FilterUtils::XMLElement& root = {});
 
     const Names& getNames() const { return _names; }
-    const Colors& getColors() const { return _colors; }
     const TextTheme& getTheme() const { return _theme; }
 
-    /// The first child of that name in the word-processing vocabulary, or the invalid view.
+    /// The first child of that name in the word-processing vocabulary, or the invalid view. Children in
+    /// alternate content count, see AlternateContent.
     FilterUtils::XMLElement find(const FilterUtils::XMLElement& parent, const char* name) const;
+    /// Calls @p function for each of these children.
+    void processElements(const FilterUtils::XMLElement& parent, const char* name,
+        const std::function<void(const FilterUtils::XMLElement&)>& function) const;
     /// An attribute of the word-processing vocabulary.
     FormatText attribute(const FilterUtils::XMLElement& element, const char* name) const;
     /// The attribute "val" of a child, under the child's name.
@@ -95,9 +100,6 @@ public:
         const FormatText& text, FilterUtils::LengthType type = FilterUtils::anyLength) const;
     static constexpr float MaxPoints = 1584; ///< 22 inches, the largest page
 
-    /// A fraction, 1 for the whole: a percentage with its sign, or fiftieths of a percent.
-    boost::optional<double> readPercentage(const FormatText& text) const;
-
     /// The value of one of @p names.
     template <typename Value, std::size_t Size>
     boost::optional<Value> readName(const FormatName<Value> (&names)[Size], const FormatText& text) const
@@ -112,7 +114,8 @@ public:
         return boost::none;
     }
 
-    /// A "color" element: "themeColor" wins over "val"; "auto" is nothing.
+    /// A "color" element: "themeColor" wins over "val". "auto" is a colour without opacity, which takes away
+    /// that of a style.
     boost::optional<DOM::Color> readColor(const FilterUtils::XMLElement& element) const;
     /// The colour that some attributes give.
     boost::optional<DOM::Color> readColor(
@@ -121,6 +124,9 @@ public:
     boost::optional<DOM::Color> readHighlight(const FilterUtils::XMLElement& parent) const;
     /// A "shd" element: what its pattern makes of its colour and its filling at a distance; nothing for none.
     boost::optional<DOM::Color> readShading(const FilterUtils::XMLElement& shading) const;
+    /// The same of the "shd" child of properties. One that is set to none is a colour without opacity, which
+    /// takes away that of a style.
+    boost::optional<DOM::Color> readFilling(const FilterUtils::XMLElement& parent) const;
 
     /// An element of a border, of 0.25 to 12 points, and half a point where it does not say. Null for an
     /// invalid view, and where it names no kind of line.
@@ -146,6 +152,7 @@ private:
     const TextTheme& _theme;
     OperationReport& _report;
     MessageCounts* _messages;
+    AlternateContent _children;
 };
 
 } // namespace QV::Filters

@@ -4,6 +4,9 @@
 #include <memory>
 #include <utility>
 
+#include <boost/unordered_map.hpp>
+#include <boost/unordered_set.hpp>
+
 #include <DOM/Public/Document.h>
 #include <DOM/Public/HeaderFooterPair.h>
 #include <DOM/Public/NamedTextStyle.h>
@@ -14,9 +17,10 @@
 #include <DOM/Public/SharedObjectFactory.h>
 #include <FilterUtils/FU_HeadersFootersFactory.h>
 #include <FilterUtils/FU_NamedStylesFactory.h>
-#include <FilterUtils/FU_StyleHierarchy.h>
 #include <Filters/Package/FilterRun.h>
+#include <Filters/Text/StyleParents.h>
 #include <Filters/Text/TextContext.h>
+#include <Utils/Public/UUID.h>
 
 namespace QV::Filters {
 namespace {
@@ -24,6 +28,27 @@ namespace {
 bool givesTabStops(const std::shared_ptr<const DOM::ParaProps>& props)
 {
     return props && props->getTabStops() && !props->getTabStops()->empty();
+}
+
+/// Asks every chain once: a look for one style in the factory visits them all.
+boost::unordered_set<UUID> findTabbedStyles(const FilterUtils::NamedStylesFactory& styles)
+{
+    boost::unordered_map<UUID, const DOM::NamedTextStyle*> byUuid;
+    for (const DOM::NamedTextStyle& style : styles.getTextStyles())
+        byUuid.emplace(style.getUUID(), &style);
+    boost::unordered_set<UUID> tabbed;
+    for (const auto& [uuid, style] : byUuid) {
+        const DOM::NamedTextStyle* ancestor = style;
+        for (std::size_t i = 0; ancestor && i <= MaxStyleChain; ++i) {
+            if (givesTabStops(ancestor->getParaProps())) {
+                tabbed.insert(uuid);
+                break;
+            }
+            const auto parent = byUuid.find(ancestor->getParentUUID());
+            ancestor = parent == byUuid.end() ? nullptr : parent->second;
+        }
+    }
+    return tabbed;
 }
 
 std::size_t countTabRuns(const DOM::Paragraph& paragraph)
@@ -52,22 +77,13 @@ bool HeaderTabs::hasTabStops(const DOM::ParagraphStyle& style)
 {
     if (givesTabStops(style.getParaProps()))
         return true;
-    const auto known = _named.find(style.getParentUUID());
-    if (known != _named.end())
-        return known->second;
-    return _named.emplace(style.getParentUUID(), hasNamedTabStops(style)).first->second;
-}
-
-bool HeaderTabs::hasNamedTabStops(const DOM::ParagraphStyle& style) const
-{
     const FilterUtils::NamedStylesFactory& styles = _context.styles.factory;
+    if (givesTabStops(styles.getDefaultParaProps()))
+        return true;
+    if (!_context.tabbedStyles)
+        _context.tabbedStyles = findTabbedStyles(styles);
     const DOM::ParagraphStyle& asking = style.getParentUUID() ? style : styles.getDefaultParagraphStyle();
-    bool hasStops = givesTabStops(styles.getDefaultParaProps());
-    FilterUtils::forEachStyleInHierarchy(
-        styles, FilterUtils::getParent(styles, asking), [&](const DOM::NamedTextStyle& named) {
-            hasStops = hasStops || givesTabStops(named.getParaProps());
-        });
-    return hasStops;
+    return _context.tabbedStyles->count(asking.getParentUUID()) != 0;
 }
 
 DOM::ParagraphStyle HeaderTabs::makeAligned(const DOM::ParagraphStyle& style) const

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <map>
-
 #include <DOM/Public/Block.h>
 #include <Filters/Package/Export.h>
-#include <Utils/Public/UUID.h>
 
 namespace QV::DOM {
 class HeaderFooterPair;
@@ -34,12 +31,10 @@ public:
 
 private:
     bool hasTabStops(const DOM::ParagraphStyle& style);
-    bool hasNamedTabStops(const DOM::ParagraphStyle& style) const;
     DOM::ParagraphStyle makeAligned(const DOM::ParagraphStyle& style) const;
 
     TextContext& _context;
     const DOM::HeaderFooterPair& _pair;
-    std::map<UUID, bool> _named; // whether named styles give tab stops, by the nearest one
 };
 
 } // namespace QV::Filters

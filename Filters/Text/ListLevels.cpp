@@ -108,7 +108,7 @@ boost::optional<NumListMarkerType> readCustomFormat(const FormatValues& values, 
 /// Newer formats stand in alternate content, with an older one for those that do not know them.
 NumListMarkerType readMarkerType(const FormatValues& values, const XMLElement& level)
 {
-    XMLElement format = values.find(level, "numFmt");
+    XMLElement format = level.getElement(values.getNames()(Vocabulary::WordProcessing, "numFmt"));
     if (!format.isValid()) {
         const auto named = [&](const char* name) {
             return values.getNames()(Vocabulary::MarkupCompatibility, name);

@@ -9,7 +9,6 @@
 #include <DOM/Public/BordersProps.h>
 #include <DOM/Public/Properties.h>
 #include <FilterUtils/FU_Lengths.h>
-#include <Filters/Package/Namespaces.h>
 
 namespace QV::Filters {
 namespace {
@@ -62,7 +61,7 @@ public:
         constexpr long BodyText = 9;
         if (const auto level = _values.readWhole(_values.value(_element, "outlineLvl"), 0, BodyText))
             props->setOutlineLevel(static_cast<unsigned long>(*level));
-        props->setBackgroundColor(_values.readShading(_values.find(_element, "shd")));
+        props->setBackgroundColor(_values.readFilling(_element));
         props->setBorders(readBorders(_values.find(_element, "pBdr")));
         props->setTabStops(readTabStops(format.hasTabLeaders));
         if (!DOM::isEmpty(*props))
@@ -142,8 +141,7 @@ private:
     {
         auto stops = std::make_shared<DOM::TabStops>();
         bool isTooMany = false;
-        const std::string name = _values.getNames()(Vocabulary::WordProcessing, "tab");
-        _values.find(_element, "tabs").processElements(name, [&](const XMLElement& tab) {
+        _values.processElements(_values.find(_element, "tabs"), "tab", [&](const XMLElement& tab) {
             isTooMany = stops->size() == MaxTabStops;
             if (isTooMany)
                 return;

@@ -12,8 +12,9 @@ namespace QV::Filters {
 
 /// Writes an element of properties down as its pieces come by in a stream, in one spelling: elements of the
 /// word-processing vocabulary alone (under the prefix "w"), their attributes of that vocabulary and of
-/// relationships (under "r"), and no text. So equal properties give equal text, whatever the prefixes and the
-/// dialect of the file, and parsePropertyText reads it back where it is not known yet.
+/// relationships (under "r"), and no text. Alternate content is resolved by the caller. So equal properties
+/// give equal text, whatever the prefixes and the dialect of the file, and parsePropertyText reads it back
+/// where it is not known yet.
 ///
 /// Elements and attributes that would begin beyond BytesMax are left out; the text is well-formed all the
 /// same.

@@ -2,7 +2,11 @@
 
 #include <Filters/Text/FormatReader.h>
 
+#include <cstddef>
+#include <string>
+
 #include <DOM/Public/Properties.h>
+#include <Filters/Package/Utf8Cut.h>
 #include <Filters/Text/TextTheme.h>
 
 namespace QV::Filters {
@@ -45,6 +49,8 @@ constexpr FormatName<DOM::TrackedChange::Kind> MarkChangeNames[] = {
     {"ins",      DOM::TrackedChange::Kind::Inserted },
     {"moveTo",   DOM::TrackedChange::Kind::MovedTo  },
 };
+
+constexpr std::size_t RunFontNameBytesMax = 1024;
 
 /// Reads the properties of one run.
 class RunPropsReader
@@ -106,13 +112,18 @@ private:
         auto name = themeName ? _values.getTheme().findFont(*themeName) : boost::none;
         if (!name)
             name = _values.attribute(fonts, attribute).text;
-        return name && !name->empty() ? name : boost::none;
+        if (!name || name->empty())
+            return boost::none;
+        // Formats are copied for each run that is looked at, and so are the names in them.
+        if (cutUtf8(*name, RunFontNameBytesMax))
+            _values.report("Name of a font is cut at {} bytes", std::to_string(RunFontNameBytesMax));
+        return name;
     }
 
     boost::optional<DOM::Color> readBackground() const
     {
         const auto highlight = _values.readHighlight(_element);
-        return highlight ? highlight : _values.readShading(_values.find(_element, "shd"));
+        return highlight ? highlight : _values.readFilling(_element);
     }
 
     boost::optional<bool> readStrikethrough() const

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
-#include <string>
 #include <string_view>
 
 #include <Filters/Package/Namespaces.h>
@@ -15,27 +13,12 @@ namespace {
 using FilterUtils::XMLStep;
 using FilterUtils::XMLStreamStart;
 
-// Besides those of the document's own vocabularies.
-const std::string_view UnderstoodNamespaces[] = {
-    "http://schemas.microsoft.com/office/word/2010/wordprocessingShape",
-    "http://schemas.microsoft.com/office/word/2010/wordprocessingGroup",
-    "http://schemas.microsoft.com/office/word/2010/wordprocessingCanvas",
-    "http://schemas.microsoft.com/office/word/2010/wordprocessingDrawing",
-    "http://schemas.microsoft.com/office/word/2010/wordml",
-    "http://schemas.microsoft.com/office/word/2012/wordml",
-    "http://schemas.microsoft.com/office/drawing/2010/main",
-    "urn:schemas-microsoft-com:vml",
-    "urn:schemas-microsoft-com:office:office",
-};
-
 bool isUnderstoodNamespace(std::u16string_view uri)
 {
     std::string text; // known ones are ASCII
     for (const char16_t c : uri)
         text += c < 0x80 ? static_cast<char>(c) : '?';
-    return std::find(std::begin(UnderstoodNamespaces), std::end(UnderstoodNamespaces), text) !=
-               std::end(UnderstoodNamespaces) ||
-           findDialectOfNamespace(text).has_value();
+    return getUnderstoodNamespaces().count(text) != 0 || findDialectOfNamespace(text).has_value();
 }
 
 // One that requires nothing is none, since it must require something.
@@ -57,6 +40,22 @@ bool isUnderstoodChoice(const XMLStreamStart& choice)
 }
 
 } // namespace
+
+const std::set<std::string>& getUnderstoodNamespaces()
+{
+    static const std::set<std::string> namespaces = {
+        "http://schemas.microsoft.com/office/word/2010/wordprocessingShape",
+        "http://schemas.microsoft.com/office/word/2010/wordprocessingGroup",
+        "http://schemas.microsoft.com/office/word/2010/wordprocessingCanvas",
+        "http://schemas.microsoft.com/office/word/2010/wordprocessingDrawing",
+        "http://schemas.microsoft.com/office/word/2010/wordml",
+        "http://schemas.microsoft.com/office/word/2012/wordml",
+        "http://schemas.microsoft.com/office/drawing/2010/main",
+        "urn:schemas-microsoft-com:vml",
+        "urn:schemas-microsoft-com:office:office",
+    };
+    return namespaces;
+}
 
 boost::optional<XMLStep> StoryAlternatives::onStart(const XMLStreamStart& element)
 {

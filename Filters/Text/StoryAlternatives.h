@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+#include <string>
 #include <vector>
 
 #include <boost/optional.hpp>
@@ -7,6 +9,9 @@
 #include <FilterUtils/FU_XMLStreamReader.h>
 
 namespace QV::Filters {
+
+/// The namespaces that are understood besides those of a document's own vocabularies.
+const std::set<std::string>& getUnderstoodNamespaces();
 
 /// Chooses among alternate content as it comes in a stream (ISO/IEC 29500-3, 7.6): the first choice all of
 /// whose required namespaces are understood, else the fallback.

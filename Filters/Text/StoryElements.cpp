@@ -14,6 +14,7 @@
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Relationships.h>
 #include <Filters/Text/StoryHandler.h>
+#include <Filters/Text/StoryRuns.h>
 #include <Filters/Text/SymbolFonts.h>
 #include <Filters/Text/TextContext.h>
 #include <Filters/Text/TextLeftOut.h>
@@ -26,8 +27,6 @@ namespace {
 using FilterUtils::XMLStep;
 using FilterUtils::XMLStreamEnd;
 using FilterUtils::XMLStreamStart;
-
-constexpr const char* PhoneticGuides = "phonetic text";
 
 std::string readStoryText(const XMLStreamStart& element, int attribute)
 {
@@ -136,7 +135,7 @@ XMLStep StoryHandler::startAroundRuns(const XMLStreamStart& element)
         getStory().endBookmark(readStoryText(element, TextWords::Id));
         return XMLStep::Skip;
     case TextWords::RubyText:
-        _context.run.leaveOut(PhoneticGuides);
+        _context.run.leaveOut(TextLeftOut::PhoneticText);
         return XMLStep::Skip;
     default:
         return startInRun(element);
@@ -255,6 +254,10 @@ StoryRuns::Link StoryHandler::makeLink(const XMLStreamStart& element)
     }
     if (url.empty() && anchor.empty())
         return nullptr;
+    if (url.size() + anchor.size() > StoryRuns::LinkBytesMax) {
+        _context.report(StoryRuns::LinkTooLong, std::to_string(StoryRuns::LinkBytesMax));
+        return nullptr;
+    }
     return std::make_shared<DOM::Hyperlink>(std::move(url), std::move(anchor));
 }
 

@@ -159,7 +159,11 @@ void StoryFields::beginResult(Field& field)
         return; // its result is a part of that instruction
     if (!field.isContents && getFieldName(field.instruction) == "TOC")
         field.isContents = _listener.beginContents(field.instruction);
-    if (const auto link = readFieldLink(field.instruction))
+    const auto link = readFieldLink(field.instruction);
+    const bool isTooLong = link && link->url.size() + link->anchor.size() > StoryRuns::LinkBytesMax;
+    if (isTooLong)
+        _context.report(StoryRuns::LinkTooLong, std::to_string(StoryRuns::LinkBytesMax));
+    if (link && !isTooLong)
         field.link = std::make_shared<DOM::Hyperlink>(link->url, link->anchor);
     else if (!field.isContents)
         field.shared = std::make_shared<const std::string>(field.instruction);

@@ -39,10 +39,10 @@ void StoryHandler::openStory(StorySink sink)
 
 XMLStep StoryHandler::onStart(const XMLStreamStart& element)
 {
-    if (_props.isOpen() || _sectionProps.isOpen())
-        return continueGathering(element);
     if (const auto step = _alternatives.onStart(element))
         return *step;
+    if (_props.isOpen() || _sectionProps.isOpen())
+        return continueGathering(element);
     if (_levels.empty())
         return startNote(element);
     return getKind() == LevelKind::Drawing ? startInDrawing(element) : startBlock(element);
@@ -50,9 +50,11 @@ XMLStep StoryHandler::onStart(const XMLStreamStart& element)
 
 XMLFlow StoryHandler::onEnd(const XMLStreamEnd& element)
 {
+    if (_alternatives.onEnd(element))
+        return XMLFlow::Continue;
     if (_props.isOpen() || _sectionProps.isOpen())
         endGathering();
-    else if (_alternatives.onEnd(element) || _levels.empty())
+    else if (_levels.empty())
         return XMLFlow::Continue;
     else if (_levels.back()->depth == element.getDepth())
         closeLevel();

@@ -16,6 +16,7 @@
 #include <Filters/Text/StoryAlternatives.h>
 #include <Filters/Text/StoryBuilder.h>
 #include <Filters/Text/StoryReader.h>
+#include <Filters/Text/StoryRuns.h>
 #include <Filters/Text/TextDrawing.h>
 #include <Filters/Text/TextTable.h>
 

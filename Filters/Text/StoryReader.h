@@ -6,7 +6,6 @@
 #include <vector>
 
 #include <DOM/Public/Block.h>
-#include <DOM/Public/Note.h>
 #include <Filters/Package/Export.h>
 
 namespace QV::Filters {

@@ -16,10 +16,22 @@
 namespace QV::Filters {
 namespace {
 
+/// Whether looking for an equal style takes longer than a style of its own costs.
+bool hasLongText(const DOM::RunStyle& style)
+{
+    constexpr std::size_t BytesMax = 1024;
+    const auto& instruction = style.getFieldInstruction();
+    const auto& change = style.getChange();
+    return (instruction && instruction->size() > BytesMax) ||
+           (change && change->getAuthor().size() + change->getDate().size() > BytesMax);
+}
+
 DOM::SharedRunStyle shareRunStyle(TextContext& context, const DOM::RunStyle& style)
 {
     if (style.isEmpty())
         return nullptr;
+    if (hasLongText(style))
+        return DOM::SharedRunStyle(new DOM::RunStyle(style));
     return context.run.getDocument().getSharedObjectFactory().getShared(style);
 }
 
@@ -36,21 +48,23 @@ StoryRuns::~StoryRuns() = default;
 void StoryRuns::beginRun()
 {
     _openRuns.emplace_back();
-    _look.format.clear();
+    _look.format.reset();
 }
 
 void StoryRuns::setFormat(const std::string& format)
 {
+    if (!_lastFormat || _lastFormat->text != format)
+        _lastFormat = std::make_shared<ReadFormat>(ReadFormat{format, boost::none});
     if (!_openRuns.empty())
-        _openRuns.back() = format;
-    _look.format = format;
+        _openRuns.back() = _lastFormat;
+    _look.format = _lastFormat;
 }
 
 void StoryRuns::endRun()
 {
     if (!_openRuns.empty())
         _openRuns.pop_back();
-    _look.format = _openRuns.empty() ? std::string() : _openRuns.back();
+    _look.format = _openRuns.empty() ? nullptr : _openRuns.back();
 }
 
 void StoryRuns::beginLink(Link link)
@@ -68,7 +82,8 @@ void StoryRuns::endLink()
 
 void StoryRuns::beginChange(Change change)
 {
-    _changes.push_back(std::move(change));
+    const bool isInRemoval = !_changes.empty() && _changes.back()->isRemoval();
+    _changes.push_back(isInRemoval && !change->isRemoval() ? _changes.back() : std::move(change));
     updateLook();
 }
 
@@ -89,12 +104,7 @@ void StoryRuns::setField(Link link, Instruction instruction)
 void StoryRuns::updateLook()
 {
     _look.link = _fieldLink || _links.empty() ? _fieldLink : _links.back();
-    const auto removal = std::find_if(
-        _changes.rbegin(), _changes.rend(), [](const Change& change) { return change->isRemoval(); });
-    if (_changes.empty())
-        _look.change.reset();
-    else
-        _look.change = removal == _changes.rend() ? _changes.back() : *removal;
+    _look.change = _changes.empty() ? nullptr : _changes.back();
 }
 
 void StoryRuns::addText(const std::string& text)
@@ -189,7 +199,9 @@ const DOM::SharedRunStyle& StoryRuns::getStyle()
 
 DOM::SharedRunStyle StoryRuns::makeStyle()
 {
-    DOM::RunStyle style = _formats.getRun(_look.format);
+    if (_look.format && !_look.format->style)
+        _look.format->style = _formats.getRun(_look.format->text);
+    DOM::RunStyle style = _look.format ? *_look.format->style : _formats.getRun({});
     style.setHyperlink(_look.link);
     style.setChange(_look.change);
     style.setFieldInstruction(_look.instruction);

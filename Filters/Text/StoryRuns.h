@@ -5,10 +5,13 @@
 #include <string>
 #include <vector>
 
+#include <boost/optional.hpp>
+
 #include <DOM/Public/Hyperlink.h>
 #include <DOM/Public/Run.h>
 #include <DOM/Public/RunStyle.h>
 #include <DOM/Public/TrackedChange.h>
+#include <Utils/Public/UUID.h>
 
 namespace QV::Filters {
 
@@ -28,6 +31,11 @@ public:
     using Link = std::shared_ptr<const DOM::Hyperlink>;
     using Change = std::shared_ptr<const DOM::TrackedChange>;
     using Instruction = std::shared_ptr<const std::string>;
+
+    /// Of a link's target. Each run of a link carries it, so longer ones are no links.
+    static constexpr std::size_t LinkBytesMax = 8192;
+    /// The message for such a link, with the limit as its argument.
+    static constexpr const char* LinkTooLong = "Hyperlink of more than {} bytes is left out";
 
     StoryRuns(TextContext& context, TextFormats& formats);
     ~StoryRuns();
@@ -68,9 +76,17 @@ public:
     std::vector<std::unique_ptr<DOM::Run>> take();
 
 private:
+    /// The text of an "rPr" element, which may be long, and what it sets, once that was asked for.
+    struct ReadFormat
+    {
+        std::string text;
+        boost::optional<DOM::RunStyle> style;
+    };
+    using Format = std::shared_ptr<ReadFormat>;
+
     struct Look
     {
-        std::string format;
+        Format format; // null for none
         Link link;
         Change change;
         Instruction instruction;
@@ -95,9 +111,10 @@ private:
     std::string _text;              // of the run that goes on
     DOM::SharedRunStyle _textStyle; // its style
 
-    std::vector<std::string> _openRuns; // their formats, from the outermost on
-    std::vector<Link> _links;           // the same
-    std::vector<Change> _changes;       // the same
+    std::vector<Format> _openRuns; // their formats, from the outermost on
+    Format _lastFormat;            // runs of one format often follow each other
+    std::vector<Link> _links;      // the same
+    std::vector<Change> _changes;  // the same: what stands of each with those around it
     Link _fieldLink;
     Look _look;
     Look _styledLook;           // that _style belongs to

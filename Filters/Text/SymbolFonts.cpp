@@ -155,11 +155,6 @@ std::uint32_t findSymbol(const SymbolTable* table, std::uint32_t code)
 
 } // namespace
 
-bool isSymbolFont(const std::string& font)
-{
-    return findSymbolTable(font) != nullptr;
-}
-
 std::string mapSymbol(const std::string& font, std::uint32_t code)
 {
     const bool isSurrogate = code >= 0xD800 && code < 0xE000;

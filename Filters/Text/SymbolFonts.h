@@ -9,9 +9,6 @@
 
 namespace QV::Filters {
 
-/// Whether a font is one whose characters are symbols in the places of letters, and known here.
-FILTERS_API bool isSymbolFont(const std::string& font);
-
 /// The character that a symbol font shows for a code, in UTF-8.
 ///
 ///     mapSymbol("Symbol", 0xF061);     // the Greek alpha

@@ -1,12 +1,8 @@
 #include <Filters/Text/TableFormats.h>
 
-#include <string>
 #include <utility>
 
-#include <boost/optional.hpp>
-
 #include <DOM/Public/BordersProps.h>
-#include <DOM/Public/Color.h>
 #include <DOM/Public/LineProps.h>
 #include <DOM/Public/Properties.h>
 #include <Filters/Text/FormatValues.h>
@@ -44,18 +40,6 @@ void readTableBorders(const XMLElement& element, const FormatValues& values, DOM
         props.setBorders(std::move(borders));
 }
 
-/// A filling that is set to none takes away that of a style.
-boost::optional<DOM::Color> readTableFilling(const XMLElement& element, const FormatValues& values)
-{
-    const XMLElement shading = values.find(element, "shd");
-    const auto color = values.readShading(shading);
-    const bool isNone = values.attribute(shading, "val").text == std::string("nil") ||
-                        values.attribute(shading, "fill").text == std::string("auto");
-    if (color || !isNone)
-        return color;
-    return DOM::Color(DOM::Color::RGBA(255, 255, 255, 0));
-}
-
 std::shared_ptr<const DOM::CellProps> shareTableFormat(const DOM::CellProps& props)
 {
     return DOM::isEmpty(props) ? nullptr : std::make_shared<const DOM::CellProps>(props);
@@ -68,14 +52,8 @@ std::shared_ptr<const DOM::CellProps> readTableFormat(
 {
     DOM::CellProps props;
     readTableBorders(values.find(tableProps, "tblBorders"), values, props);
-    props.setBackgroundColor(readTableFilling(tableProps, values));
+    props.setBackgroundColor(values.readFilling(tableProps));
     return shareTableFormat(props);
-}
-
-std::shared_ptr<const DOM::CellProps> readTableFormat(const XMLElement& tableProps, const Names& names,
-    const Colors& colors, const TextTheme& theme, OperationReport& report)
-{
-    return readTableFormat(tableProps, FormatValues(names, colors, theme, report));
 }
 
 std::shared_ptr<const DOM::CellProps> readCellFormat(const XMLElement& cellProps, const FormatValues& values)
@@ -85,15 +63,9 @@ std::shared_ptr<const DOM::CellProps> readCellFormat(const XMLElement& cellProps
     readTableBorders(borders, values, props);
     props.setDiagonalDown(values.readBorderLine(values.find(borders, "tl2br")));
     props.setDiagonalUp(values.readBorderLine(values.find(borders, "tr2bl")));
-    props.setBackgroundColor(readTableFilling(cellProps, values));
+    props.setBackgroundColor(values.readFilling(cellProps));
     props.setVerticalAlignment(values.readName(CellAlignments, values.value(cellProps, "vAlign")));
     return shareTableFormat(props);
-}
-
-std::shared_ptr<const DOM::CellProps> readCellFormat(const XMLElement& cellProps, const Names& names,
-    const Colors& colors, const TextTheme& theme, OperationReport& report)
-{
-    return readCellFormat(cellProps, FormatValues(names, colors, theme, report));
 }
 
 } // namespace QV::Filters

@@ -6,16 +6,9 @@
 #include <FilterUtils/FU_XMLElement.h>
 #include <Filters/Package/Export.h>
 
-namespace QV {
-class OperationReport;
-}
-
 namespace QV::Filters {
 
-class Colors;
 class FormatValues;
-class Names;
-class TextTheme;
 
 /// What a "tblPr" or "tblPrEx" element says of a table's cells: their borders around the table ("left" or
 /// "start", "top", "right" or "end", "bottom") and between them ("insideV" as vertical, "insideH" as
@@ -23,8 +16,6 @@ class TextTheme;
 /// reported, and stays unset.
 ///
 /// @return null for an invalid view, and where nothing is said
-FILTERS_API std::shared_ptr<const DOM::CellProps> readTableFormat(const FilterUtils::XMLElement& tableProps,
-    const Names& names, const Colors& colors, const TextTheme& theme, OperationReport& report);
 FILTERS_API std::shared_ptr<const DOM::CellProps> readTableFormat(
     const FilterUtils::XMLElement& tableProps, const FormatValues& values);
 
@@ -32,8 +23,6 @@ FILTERS_API std::shared_ptr<const DOM::CellProps> readTableFormat(
 /// the part, and diagonal ones), filling, vertical alignment.
 ///
 /// @return null for an invalid view, and where nothing is said
-FILTERS_API std::shared_ptr<const DOM::CellProps> readCellFormat(const FilterUtils::XMLElement& cellProps,
-    const Names& names, const Colors& colors, const TextTheme& theme, OperationReport& report);
 FILTERS_API std::shared_ptr<const DOM::CellProps> readCellFormat(
     const FilterUtils::XMLElement& cellProps, const FormatValues& values);
 

@@ -10,7 +10,6 @@
 
 #include <DOM/Public/CellProps.h>
 #include <DOM/Public/Properties.h>
-#include <Filters/Package/Namespaces.h>
 #include <Filters/Text/FormatReader.h>
 #include <Filters/Text/FormatValues.h>
 #include <Filters/Text/TableFormats.h>
@@ -78,8 +77,7 @@ void readTableConditions(const XMLElement& style, const FormatReader& formats, T
     const XMLElement tableProps = values.find(style, "tblPr");
     readStripe(values, values.value(tableProps, "tblStyleRowBandSize"), conditions.rowStripe);
     readStripe(values, values.value(tableProps, "tblStyleColBandSize"), conditions.columnStripe);
-    const std::string name = values.getNames()(Vocabulary::WordProcessing, "tblStylePr");
-    style.processElements(name, [&](const XMLElement& element) {
+    values.processElements(style, "tblStylePr", [&](const XMLElement& element) {
         const auto part =
             values.readName(TablePartNames, {values.attribute(element, "type").text, "tblStylePr"});
         if (!part)

@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <map>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include <boost/optional.hpp>
+#include <boost/unordered_set.hpp>
 
 #include <DOM/Public/Note.h>
 #include <FilterUtils/FU_HeadersFootersFactory.h>
@@ -45,8 +47,11 @@ struct TextContext
     TextStyles styles;
     TextNumbering numbering;
     FilterUtils::HeadersFootersFactory headersFooters;
-    std::size_t drawnObjectsLeft = 100'000; ///< that drawings may still have
-    MessageCounts messages;                 ///< of what may be told very often, see report()
+    std::size_t drawnObjectsLeft = 100'000;    ///< that drawings may still have
+    unsigned long wideColumnsLeft = 1'000'000; ///< that tables may still have because cells span so many
+    /// The text styles that give tab stops, by themselves or by their ancestors; once a header asks.
+    boost::optional<boost::unordered_set<UUID>> tabbedStyles;
+    MessageCounts messages;         ///< of what may be told very often, see report()
     std::map<NoteKey, UUID> notes;  ///< that the text referred to so far, with the identifiers they get
     std::vector<NoteKey> noteOrder; ///< their keys, in the order of the first reference
 

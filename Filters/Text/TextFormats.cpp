@@ -33,7 +33,7 @@ const TextFormats::Paragraph& TextFormats::getParagraph(const std::string& text)
     const auto found = _paragraphs.find(text);
     if (found != _paragraphs.end())
         return found->second;
-    if (_paragraphs.size() < TextsMax)
+    if (takeTextRoom(_paragraphs.size(), text))
         return _paragraphs.emplace(text, makeParagraph(text)).first->second;
     _lastParagraph = makeParagraph(text);
     return _lastParagraph;
@@ -45,7 +45,7 @@ const DOM::RunStyle& TextFormats::getRun(const std::string& text)
     if (found != _runs.end())
         return found->second;
     const DOM::RunStyle style = makeRunStyle(_reader.readRun(parsePropertyText(text)));
-    if (_runs.size() < TextsMax)
+    if (takeTextRoom(_runs.size(), text))
         return _runs.emplace(text, style).first->second;
     _lastRun = style;
     return _lastRun;
@@ -114,6 +114,15 @@ UUID TextFormats::findStyle(const std::string& id)
     if (!uuid && !id.empty() && _unknownStyles.insert(id).second)
         _context.report("Style {} is not defined", id);
     return uuid;
+}
+
+/// Whether a text may be kept beside @p count others.
+bool TextFormats::takeTextRoom(std::size_t count, const std::string& text)
+{
+    if (count >= TextsMax || text.size() > TextBytesMax - _textBytes)
+        return false;
+    _textBytes += text.size();
+    return true;
 }
 
 const TextFormats::StyleNames& TextFormats::getStyleNames()

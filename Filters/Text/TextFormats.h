@@ -26,7 +26,8 @@ struct TextContext;
 
 /// The formats of paragraphs and runs in a document's stories, each read once however often it is there:
 /// formats are told apart by the text of their elements (see PropertyText). Of each kind TextsMax are kept;
-/// others are read again each time.
+/// others are read again each time,
+/// and so are those whose texts would be more than TextBytesMax together.
 ///
 /// A style that the document does not have is reported once: "Style {} is not defined".
 ///
@@ -35,6 +36,7 @@ class FILTERS_API TextFormats
 {
 public:
     static constexpr std::size_t TextsMax = 50000;
+    static constexpr std::size_t TextBytesMax = std::size_t{32} << 20U;
 
     explicit TextFormats(TextContext& context);
 
@@ -53,8 +55,6 @@ public:
     /// links, changes and fields to a copy. Valid until the next call.
     const DOM::RunStyle& getRun(const std::string& text);
 
-    const FormatReader& getReader() const { return _reader; }
-
     /// Paragraph and character styles by what a person calls them.
     using StyleNames = std::map<std::string, UUID, CaseInsensitiveLess>;
     const StyleNames& getStyleNames();
@@ -69,6 +69,7 @@ private:
     DOM::RunStyle makeRunStyle(const RunFormat& format);
     void stripNumbering(Paragraph& format);
     UUID findStyle(const std::string& id);
+    bool takeTextRoom(std::size_t count, const std::string& text);
     bool spendStyleVisits();
 
     TextContext& _context;
@@ -76,6 +77,7 @@ private:
     FormatReader _reader;
     std::unordered_map<std::string, Paragraph> _paragraphs; // by text
     std::unordered_map<std::string, DOM::RunStyle> _runs;   // the same
+    std::size_t _textBytes = 0;                             // of all these texts
     Paragraph _lastParagraph;                               // where it is not kept
     DOM::RunStyle _lastRun;                                 // the same
     std::set<std::string> _unknownStyles;                   // that were reported

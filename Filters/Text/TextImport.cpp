@@ -124,9 +124,10 @@ private:
         return part ? readXml(_package, part->target, _run.getReport()) : XMLElement();
     }
 
-    FormatReader makeFormatReader(const Names& names)
+    FormatReader makeFormatReader(const Names& names, const XMLElement& root)
     {
-        return FormatReader(names, _context.colors, _context.theme, _run.getReport(), &_context.messages);
+        return FormatReader(
+            names, _context.colors, _context.theme, _run.getReport(), &_context.messages, root);
     }
 
     void readTheme()
@@ -145,9 +146,8 @@ private:
             return;
         const Names names = findPartNames(settings, _mainPart.dialect,
             {"clrSchemeMapping", "evenAndOddHeaders", "zoom", "compat", "defaultTabStop", "rsids"});
-        _context.theme.readColorMapping(
-            settings.getElement(names(Vocabulary::WordProcessing, "clrSchemeMapping")), names);
-        const FormatReader formats = makeFormatReader(names);
+        const FormatReader formats = makeFormatReader(names, settings);
+        _context.theme.readColorMapping(formats.getValues().find(settings, "clrSchemeMapping"), names);
         _hasEvenPages = formats.getValues().readSwitch(settings, "evenAndOddHeaders").value_or(false);
     }
 
@@ -157,8 +157,8 @@ private:
         if (root.isValid()) {
             const Names names =
                 findPartNames(root, _mainPart.dialect, {"docDefaults", "style", "latentStyles"});
-            readTextStyles(
-                root, names, makeFormatReader(names), _context.numbering, _context.styles, _run.getReport());
+            readTextStyles(root, names, makeFormatReader(names, root), _context.numbering, _context.styles,
+                _run.getReport());
             return;
         }
         TextStyles& styles = _context.styles;
@@ -173,7 +173,7 @@ private:
         const XMLElement root = readPart("numbering");
         if (root.isValid()) {
             const Names names = findPartNames(root, _mainPart.dialect, {"abstractNum", "num"});
-            _context.numbering.read(root, names, makeFormatReader(names), _run.getReport());
+            _context.numbering.read(root, names, makeFormatReader(names, root), _run.getReport());
         }
         _context.numbering.applyStyleNumbering(_context.styles, _run.getReport());
     }

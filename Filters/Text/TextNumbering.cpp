@@ -6,7 +6,6 @@
 #include <DOM/Public/NumberedList.h>
 #include <FilterUtils/FU_NamedStylesFactory.h>
 #include <Filters/Package/MessageCounts.h>
-#include <Filters/Package/Namespaces.h>
 #include <Filters/Text/FormatValues.h>
 #include <Filters/Text/ListLevels.h>
 #include <Filters/Text/TextStyles.h>
@@ -53,14 +52,13 @@ public:
 
     void gather(const XMLElement& root)
     {
-        const Names& names = _values.getNames();
         std::size_t count = 0;
-        root.processElements(names(Vocabulary::WordProcessing, "abstractNum"), [&](const XMLElement& list) {
+        _values.processElements(root, "abstractNum", [&](const XMLElement& list) {
             if (++count <= MaxLists)
                 addAbstractList(list);
         });
         std::size_t concreteCount = 0;
-        root.processElements(names(Vocabulary::WordProcessing, "num"), [&](const XMLElement& list) {
+        _values.processElements(root, "num", [&](const XMLElement& list) {
             if (++concreteCount <= MaxLists)
                 addList(list);
         });
@@ -85,8 +83,7 @@ public:
         const ListEntry& entry, AbstractList& abstractList, std::set<unsigned long>& restarted)
     {
         std::vector<ListLevel> levels = getLevels(abstractList);
-        const std::string name = _values.getNames()(Vocabulary::WordProcessing, "lvlOverride");
-        entry.element.processElements(name, [&](const XMLElement& change) {
+        _values.processElements(entry.element, "lvlOverride", [&](const XMLElement& change) {
             const auto number = readLevelNumber(change);
             if (!number)
                 return;
@@ -181,8 +178,7 @@ private:
             return list.levels;
         for (std::size_t i = 0; i < ListLevelsCount; ++i)
             list.levels.push_back(makeUsualListLevel(i));
-        const std::string name = _values.getNames()(Vocabulary::WordProcessing, "lvl");
-        list.element.processElements(name, [&](const XMLElement& level) {
+        _values.processElements(list.element, "lvl", [&](const XMLElement& level) {
             if (const auto number = readLevelNumber(level))
                 list.levels.at(*number) = readListLevel(level, _formats);
         });

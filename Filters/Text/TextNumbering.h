@@ -7,15 +7,14 @@
 #include <utility>
 #include <vector>
 
-#include <boost/optional.hpp>
-
 #include <DOM/Public/NamedTextStyle.h>
-#include <DOM/Public/NumberedList.h>
 #include <DOM/Public/NumberingRef.h>
+#include <FilterUtils/FU_Lengths.h>
 #include <FilterUtils/FU_NumberedListsFactory.h>
 #include <FilterUtils/FU_XMLElement.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Text/FormatReader.h>
+#include <Filters/Text/FormatValues.h>
 #include <Utils/Public/UUID.h>
 
 namespace QV {

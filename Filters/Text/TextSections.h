@@ -11,7 +11,6 @@
 #include <DOM/Public/CellText.h>
 #include <DOM/Public/HeaderFooterPair.h>
 #include <DOM/Public/PageProps.h>
-#include <DOM/Public/Section.h>
 #include <FilterUtils/FU_XMLElement.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Package/Namespaces.h>

@@ -126,11 +126,10 @@ private:
     {
         std::vector<StyleEntry> all;
         std::size_t count = 0;
-        root.processElements(
-            _values.getNames()(Vocabulary::WordProcessing, "style"), [&](const XMLElement& style) {
-                if (++count <= MaxStyles)
-                    addEntry(style, all);
-            });
+        _values.processElements(root, "style", [&](const XMLElement& style) {
+            if (++count <= MaxStyles)
+                addEntry(style, all);
+        });
         if (count > MaxStyles)
             tell("Styles beyond {} are left out", std::to_string(MaxStyles));
 

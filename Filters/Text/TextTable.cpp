@@ -26,6 +26,7 @@
 #include <Filters/Text/TableFormats.h>
 #include <Filters/Text/TableLook.h>
 #include <Filters/Text/TextContext.h>
+#include <Filters/Text/TextLeftOut.h>
 #include <Utils/Public/NumberText.h>
 #include <Utils/Public/TableIndices/RowColumnIndices.h>
 #include <Utils/Public/TableIndices/TableRange.h>
@@ -54,6 +55,7 @@ struct TextTable::State
     unsigned long readColumnsCount(const FormatText& text, unsigned long otherwise);
     boost::optional<float> readWidth(const FilterUtils::XMLElement& element) const;
     CellMerge readMerge(const FilterUtils::XMLElement& cellProps, const char* name) const;
+    unsigned long takeColumns(unsigned long count);
     void tellTooWide();
 
     const TableConditions* findConditions() const;
@@ -73,7 +75,8 @@ struct TextTable::State
     bool isDialectKnown = false;
     bool isRowOpen = false;
     bool isCellOpen = false;
-    bool isTooWide = false; // which was told
+    bool isTooWide = false;          // which was told
+    unsigned long columnsTaken = 64; // that a cell may span; so many are free
 };
 
 /// Properties may be in either dialect, and an element does not tell its namespace; its children do.
@@ -103,7 +106,23 @@ unsigned long TextTable::State::readColumnsCount(const FormatText& text, unsigne
     }
     if (*count > GatheredTable::ColumnsMax)
         tellTooWide();
-    return std::min(*count, GatheredTable::ColumnsMax);
+    return takeColumns(std::min(*count, GatheredTable::ColumnsMax));
+}
+
+/// As many of @p count columns as the document has left: they take room in what is made of the table, though
+/// a number is all that they are in the file.
+unsigned long TextTable::State::takeColumns(unsigned long count)
+{
+    if (count <= columnsTaken)
+        return count;
+    const unsigned long more = count - columnsTaken;
+    if (more > context.wideColumnsLeft) {
+        values.report("Cells of more than {} columns are narrowed", std::to_string(columnsTaken));
+        return columnsTaken;
+    }
+    context.wideColumnsLeft -= more;
+    columnsTaken = count;
+    return count;
 }
 
 boost::optional<float> TextTable::State::readWidth(const FilterUtils::XMLElement& element) const
@@ -237,9 +256,8 @@ void TextTable::readTableProps(const FilterUtils::XMLElement& tableProps)
 void TextTable::readGrid(const FilterUtils::XMLElement& grid)
 {
     _state->detectDialect(grid, {"gridCol"});
-    const std::string name = _state->names(Vocabulary::WordProcessing, "gridCol");
     auto& widths = _state->gathered.grid;
-    grid.processElements(name, [&](const FilterUtils::XMLElement& column) {
+    _state->values.processElements(grid, "gridCol", [&](const FilterUtils::XMLElement& column) {
         if (widths.size() < GatheredTable::ColumnsMax)
             widths.push_back(_state->readWidth(column));
         else
@@ -261,6 +279,8 @@ void TextTable::readRowProps(const FilterUtils::XMLElement& rowProps)
     _state->detectDialect(
         rowProps, {"gridBefore", "trHeight", "gridAfter", "wBefore", "cantSplit", "tblHeader", "jc"});
     const FormatValues& values = _state->values;
+    if (values.find(rowProps, "ins").isValid() || values.find(rowProps, "del").isValid())
+        _state->context.run.leaveOut(TextLeftOut::ChangedTables);
     GatheredRow& row = _state->gathered.rows.back();
     row.gapBefore = _state->readColumnsCount(values.value(rowProps, "gridBefore"), 0);
     const FormatText rule = values.attribute(values.find(rowProps, "trHeight"), "hRule");
@@ -301,6 +321,9 @@ void TextTable::readCellProps(const FilterUtils::XMLElement& cellProps)
     _state->detectDialect(
         cellProps, {"tcW", "gridSpan", "vMerge", "hMerge", "tcBorders", "shd", "vAlign", "cnfStyle"});
     const FormatValues& values = _state->values;
+    for (const char* const change : {"cellIns", "cellDel", "cellMerge"})
+        if (values.find(cellProps, change).isValid())
+            _state->context.run.leaveOut(TextLeftOut::ChangedTables);
     GatheredCell& cell = _state->gathered.rows.back().cells.back();
     cell.span = std::max(_state->readColumnsCount(values.value(cellProps, "gridSpan"), 1), 1UL);
     cell.vertical = _state->readMerge(cellProps, "vMerge");

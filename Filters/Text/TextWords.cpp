@@ -35,8 +35,6 @@ const std::vector<TextNamespace>& getTextNamespaces()
 
 const TextWord StoryWords[] = {
     {TextWords::Body,                   "w:body"             },
-    {TextWords::Header,                 "w:hdr"              },
-    {TextWords::Footer,                 "w:ftr"              },
     {TextWords::Footnote,               "w:footnote"         },
     {TextWords::Endnote,                "w:endnote"          },
     {TextWords::Comment,                "w:comment"          },
@@ -65,7 +63,6 @@ const TextWord StoryWords[] = {
     {TextWords::MovedTo,                "w:moveTo"           },
     {TextWords::BookmarkStart,          "w:bookmarkStart"    },
     {TextWords::BookmarkEnd,            "w:bookmarkEnd"      },
-    {TextWords::RubyBase,               "w:rubyBase"         },
     {TextWords::RubyText,               "w:rt"               },
     {TextWords::Text,                   "w:t"                },
     {TextWords::DeletedText,            "w:delText"          },
@@ -84,8 +81,6 @@ const TextWord StoryWords[] = {
     {TextWords::FootnoteReference,      "w:footnoteReference"},
     {TextWords::EndnoteReference,       "w:endnoteReference" },
     {TextWords::CommentReference,       "w:commentReference" },
-    {TextWords::FootnoteMark,           "w:footnoteRef"      },
-    {TextWords::EndnoteMark,            "w:endnoteRef"       },
 };
 
 const TextWord DrawnWords[] = {
@@ -98,14 +93,9 @@ const TextWord DrawnWords[] = {
     {TextWords::HorizontalPosition, "wp:positionH"       },
     {TextWords::VerticalPosition,   "wp:positionV"       },
     {TextWords::SimplePosition,     "wp:simplePos"       },
-    {TextWords::DrawingProps,       "wp:docPr"           },
     {TextWords::GraphicData,        "a:graphicData"      },
     {TextWords::Picture,            "pic:pic"            },
-    {TextWords::PictureProps,       "pic:cNvPr"          },
     {TextWords::Blip,               "a:blip"             },
-    {TextWords::ShapeProps,         "pic:spPr"           },
-    {TextWords::ShapeProps,         "wps:spPr"           },
-    {TextWords::GroupProps,         "wpg:grpSpPr"        },
     {TextWords::WordShape,          "wps:wsp"            },
     {TextWords::WordGroup,          "wpg:wgp"            },
     {TextWords::WordGroupChild,     "wpg:grpSp"          },
@@ -136,7 +126,6 @@ const TextWord DrawnWords[] = {
 const TextWord AttributeWords[] = {
     {TextWords::Id,                  "w:id"         },
     {TextWords::Type,                "w:type"       },
-    {TextWords::Value,               "w:val"        },
     {TextWords::Name,                "w:name"       },
     {TextWords::Author,              "w:author"     },
     {TextWords::Date,                "w:date"       },
@@ -150,11 +139,6 @@ const TextWord AttributeWords[] = {
     {TextWords::SymbolCharacter,     "w:char"       },
     {TextWords::Requires,            "Requires"     },
     {TextWords::PlainName,           "name"         },
-    {TextWords::PlainId,             "id"           },
-    {TextWords::ExtentX,             "cx"           },
-    {TextWords::ExtentY,             "cy"           },
-    {TextWords::BehindText,          "behindDoc"    },
-    {TextWords::RelativeFrom,        "relativeFrom" },
     {TextWords::VmlStyle,            "style"        },
     {TextWords::VmlFillColor,        "fillcolor"    },
     {TextWords::VmlFilled,           "filled"       },
@@ -166,7 +150,6 @@ const TextWord AttributeWords[] = {
     {TextWords::VmlCoordinateSize,   "coordsize"    },
     {TextWords::VmlCoordinateOrigin, "coordorigin"  },
     {TextWords::VmlRelationshipId,   "o:relid"      },
-    {TextWords::ProgId,              "ProgID"       },
 };
 
 FilterUtils::XMLVocabulary makeTextWords()

@@ -12,8 +12,6 @@ struct TextWords
     {
         // Stories and blocks.
         Body,
-        Header,
-        Footer,
         Footnote,
         Endnote,
         Comment,
@@ -43,7 +41,6 @@ struct TextWords
         MovedTo,
         BookmarkStart,
         BookmarkEnd,
-        RubyBase,
         RubyText,
         // What stands in runs.
         Text,
@@ -63,8 +60,6 @@ struct TextWords
         FootnoteReference,
         EndnoteReference,
         CommentReference,
-        FootnoteMark,
-        EndnoteMark,
         // Drawings.
         Drawing,
         VmlPicture,
@@ -75,13 +70,9 @@ struct TextWords
         HorizontalPosition,
         VerticalPosition,
         SimplePosition,
-        DrawingProps,
         GraphicData,
         Picture,
-        PictureProps,
         Blip,
-        ShapeProps,
-        GroupProps,
         WordShape,
         WordGroup,
         WordGroupChild,
@@ -105,7 +96,6 @@ struct TextWords
         // Attributes.
         Id,
         Type,
-        Value,
         Name,
         Author,
         Date,
@@ -119,11 +109,6 @@ struct TextWords
         SymbolCharacter,
         Requires,
         PlainName,
-        PlainId,
-        ExtentX,
-        ExtentY,
-        BehindText,
-        RelativeFrom,
         VmlStyle,
         VmlFillColor,
         VmlFilled,
@@ -135,7 +120,6 @@ struct TextWords
         VmlCoordinateSize,
         VmlCoordinateOrigin,
         VmlRelationshipId,
-        ProgId,
     };
 };
 

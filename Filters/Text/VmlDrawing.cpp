@@ -14,6 +14,7 @@
 #include <FilterUtils/FU_Text.h>
 #include <Filters/Package/DrawnTransform.h>
 #include <Filters/Package/Relationships.h>
+#include <Filters/Package/Utf8Cut.h>
 #include <Filters/Text/DrawnAttributes.h>
 #include <Filters/Text/TextContext.h>
 #include <Filters/Text/TextWords.h>
@@ -258,8 +259,10 @@ std::unique_ptr<DOM::Picture> VmlDrawing::makeSourcePicture(const std::string& s
     const std::string bytes = FilterUtils::getRawImageData(source, mimeType);
     if (!bytes.empty())
         return _context.pictures.makePictureFromBytes(bytes, mimeType);
-    _context.report(
-        "Picture {} cannot be decoded", source.substr(0, std::min<std::size_t>(source.find(','), 100)));
+    constexpr std::size_t SourceBytesMax = 100; // before the data, there is nothing of interest
+    std::string start = source.substr(0, std::min(source.find(','), 2 * SourceBytesMax));
+    cutUtf8(start, SourceBytesMax);
+    _context.report("Picture {} cannot be decoded", start);
     return nullptr;
 }
 

@@ -8,6 +8,7 @@
 #include <boost/optional.hpp>
 
 #include <DOM/Public/Anchors.h>
+#include <FilterUtils/FU_Lengths.h>
 #include <Filters/Package/DrawnTransform.h>
 #include <Filters/Package/Export.h>
 #include <Filters/Text/VmlValues.h>

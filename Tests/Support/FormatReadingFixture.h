@@ -115,6 +115,8 @@ inline std::string toText(const boost::optional<DOM::Color::RGBA>& rgba)
 
 inline std::string toText(const boost::optional<DOM::Color>& color)
 {
+    if (color && color->getRGBA().a == 0)
+        return "transparent";
     return color ? toText(boost::make_optional(color->getRGBA())) : std::string();
 }
 

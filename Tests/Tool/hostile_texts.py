@@ -159,6 +159,18 @@ def run_formats(count):
     return paragraph(*(run("x", f'<w:color w:val="{i:06X}"/>') for i in range(count)))
 
 
+def header_of_styles():
+    """A header whose paragraphs have as many styles, in chains as long as they may be."""
+    chains = [[f"S{chain}x{i}" for i in range(100)] for chain in range(190)]
+    tabbed = [paragraph("<w:r><w:tab/><w:tab/></w:r>", properties=f'<w:pStyle w:val="{name}"/>')
+              for chain in chains for name in chain[50:]]
+    return document(paragraph(SAID) + '<w:sectPr><w:headerReference w:type="default" r:id="header1"/></w:sectPr>',
+                    header1="".join(tabbed), styles="".join(
+                        style(name, name, based_on=based) for chain in chains for based, name in zip(["", *chain], chain)))
+
+
+LONG_FORMAT = f"<w:rPr>{('<w:lang w:val=%r/>' % ('x' * 1000)) * 240}</w:rPr>"
+DEFAULTS = "<w:docDefaults><w:rPrDefault><w:rPr>{}</w:rPr></w:rPrDefault></w:docDefaults>"
 CHANGE = 'w:id="{0}" w:author="a{0}" w:date="2020-01-01T00:00:00Z"'
 CHOICES = '<mc:Choice Requires="{}"><w:r><w:t>choice</w:t></w:r></mc:Choice>'
 FALLBACK = "<mc:Fallback><w:r><w:t>fallback</w:t></w:r></mc:Fallback>"
@@ -275,6 +287,8 @@ NUMBERS = [
                                          '<w:pBdr><w:top w:val="double" w:sz="1e99" w:space="-9"/></w:pBdr>')),
     text("tabs-100000", formatted(paragraph_props=f"<w:tabs>{many(100000, '<w:tab w:val=%r w:pos=%r/>' % ('left', '{}'))}"
                                                   "</w:tabs>"), is_long=True),
+    text("tables-far-to-the-right", said(('<w:tbl><w:tr><w:trPr><w:gridBefore w:val="16383"/></w:trPr>' + cell(
+        paragraph("a"), '<w:tcW w:w="100" w:type="dxa"/>') + "</w:tr></w:tbl>") * 5000), says="columns are narrowed"),
     text("outline-far-away", formatted(paragraph_props='<w:outlineLvl w:val="1000000000"/>')),
     text("stripes-of-nothing", lambda: document(
         table([cell(paragraph("a"))] * 3, properties='<w:tblStyle w:val="T"/><w:tblLook w:val="FFFFFFFFFF"/>'),
@@ -305,7 +319,14 @@ COUNTS = [
     text("picture-shown-100000-times", pictured(f"<w:p>{picture() * 100000}</w:p>"), EITHER, is_long=True),
     text("picture-shown-in-5000-paragraphs", pictured(f"<w:p>{picture()}</w:p>" * 5000)),
     text("tabs-and-breaks-million", said(f"<w:p><w:r>{'<w:tab/><w:br/>' * 500000}</w:r></w:p>"), is_long=True),
-    text("text-of-50-mebibytes", said(paragraph("x" * (50 << 20))), is_long=True),
+    text("text-of-10-mebibytes", said(paragraph("x" * (10 << 20))), is_long=True),
+    text("header-of-styles", header_of_styles),
+    text("format-long-around-tabs", said(f"<w:p><w:r>{LONG_FORMAT}{'<w:tab/>' * 500000}</w:r></w:p>"), is_long=True),
+    text("format-long-around-runs", said(f"<w:p><w:r>{LONG_FORMAT}{'<w:r/>' * 1000000}</w:r></w:p>"), is_long=True),
+    text("format-long-around-changes", said(f"<w:p><w:r>{LONG_FORMAT}" + f"<w:ins {CHANGE.format(1)}><w:t>x</w:t></w:ins>"
+                                            * 200000 + "</w:r></w:p>"), is_long=True),
+    text("changes-deep-around-links", said("<w:p>" + nested("<w:ins>", "<w:hyperlink/>" * 2000000, "</w:ins>", 900)
+                                           + "</w:p>"), is_long=True),
     text("shapes-20000", said("<w:p>" + shape('style="width:9pt"')[5:-6] * 20000 + "</w:p>"), EITHER, is_long=True),
 ]
 
@@ -333,6 +354,12 @@ LEADING_OUT = [
                                   body=f'<w:p><w:hyperlink r:id="j">{run("click")}</w:hyperlink></w:p>')),
     text("link-of-a-mebibyte", linked(("j", "hyperlink", "https://example.org/" + "x" * 1048576, "External"),
                                       body=f'<w:p><w:hyperlink r:id="j">{run("click")}</w:hyperlink></w:p>' * 200)),
+    text("link-around-many-runs", linked(
+        ("j", "hyperlink", "https://example.org/" + "x" * 8000, "External"),
+        body=f'<w:p><w:hyperlink r:id="j">{(run("a", "<w:b/>") + run("b")) * 10000}</w:hyperlink></w:p>')),
+    text("data-url-of-many-bytes-a-character", said(shape("", f'<v:imagedata src="data:{"a" * 94}{chr(233) * 9}"/>'))),
+    text("font-of-ten-mebibytes", said(paragraph("x") * 5000, styles=DEFAULTS.format(
+        f'<w:rFonts w:ascii="{"f" * (10 << 20)}"/>'))),
     text("field-link-that-runs", said(f'<w:p>{BEGIN}<w:r><w:instrText>HYPERLINK "javascript:alert(1)" \\o "{HARM}"'
                                       f"</w:instrText></w:r>{SEPARATE}{run('click')}{END}</w:p>")),
     text("field-that-includes", said(f'<w:p>{BEGIN}<w:r><w:instrText>INCLUDETEXT "/etc/passwd"</w:instrText></w:r>'

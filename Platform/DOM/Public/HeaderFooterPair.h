@@ -4,8 +4,6 @@
 #include <memory>
 #include <utility>
 
-#include <boost/optional.hpp>
-
 #include <DOM/Public/CellText.h>
 #include <DOM/Public/PageProps.h>
 

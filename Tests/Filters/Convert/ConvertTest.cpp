@@ -87,6 +87,62 @@ TEST_F(ConvertTest, EmphasisHasItsBlanksOutside)
     EXPECT_EQ(getPlainText(), "a bold bothstruck here!\n");
 }
 
+TEST_F(ConvertTest, SignsBeforeLinksMakeNoPictures)
+{
+    DOM::Paragraph& paragraph = append(makeParagraph("Look!"));
+    paragraph.appendText("here", Tests::makeLinkStyle("https://example.org/"));
+    paragraph.appendText("! ");
+    paragraph.appendText("there", Tests::makeLinkStyle("https://example.org/"));
+    EXPECT_EQ(getMarkdown(), "Look\\![here](<https://example.org/>)! [there](<https://example.org/>)\n");
+}
+
+TEST_F(ConvertTest, LongTargetsStandOnceAtTheEnd)
+{
+    const std::string longest(180, 'x'); // of those that stand at their links
+    DOM::Paragraph& paragraph = append(makeParagraph());
+    for (const char* const text : {"a", "b"}) {
+        paragraph.appendText(text, Tests::makeLinkStyle("https://example.org/" + longest));
+        paragraph.appendText(text, Tests::makeLinkStyle("https://example.org/" + longest + "y"));
+        paragraph.appendText(text, Tests::makeLinkStyle("https://example.org/" + longest + "z"));
+    }
+    const std::string target = "<https://example.org/" + longest;
+    EXPECT_EQ(getMarkdown(), "[a](" + target + ">)[a][link1][a][link2][b](" + target +
+                                 ">)[b][link1][b][link2]\n\n[link1]: " + target + "y>\n\n[link2]: " + target +
+                                 "z>\n");
+}
+
+TEST_F(ConvertTest, MarksStandBeforeBreaks)
+{
+    const auto appendTo = [this](std::unique_ptr<DOM::Paragraph> paragraph) {
+        paragraph->appendText("Title", Tests::makeRunStyle(makeProps(true, false, false)));
+        paragraph->appendRun(std::make_unique<DOM::BreakRun>(
+            DOM::BreakRun::Kind::Line, Tests::makeRunStyle(makeProps(true, false, false))));
+        paragraph->appendText("text");
+        return paragraph;
+    };
+    append(appendTo(makeParagraph()));
+    auto table = std::make_unique<DOM::Table>();
+    table->getOrMakeCell(RowIndex(0), ColumnIndex(0)).setText(Tests::makeText(appendTo(makeParagraph())));
+    append(std::move(table));
+    EXPECT_EQ(getMarkdown(), "**Title**\\\ntext\n\n| **Title**<br>text |\n| --- |\n");
+}
+
+TEST_F(ConvertTest, LinesBehindBreaksBeginNothingElse)
+{
+    append(makeParagraph("a\n- b\n# c\n1. d\n\n=="));
+    append(makeParagraph("ends\n\n"));
+    append(makeParagraph("\n"));
+    append(makeParagraph("\\"));
+    EXPECT_EQ(getMarkdown(), "a\\\n\\- b\\\n\\# c\\\n1\\. d\\\n\\\n\\==\n\nends\n\n\\\\\n");
+}
+
+TEST_F(ConvertTest, HeadingsKeepSignsAtTheirEnds)
+{
+    for (const char* const text : {"C #", "C#", "# ##", "#"})
+        Tests::setOutlineLevel(append(makeParagraph(text)), 0);
+    EXPECT_EQ(getMarkdown(), "# C \\#\n\n# C#\n\n# \\# \\##\n\n# \\#\n");
+}
+
 TEST_F(ConvertTest, LeavesOutWhatIsDeletedOrHidden)
 {
     DOM::RunProps hidden;
@@ -116,8 +172,15 @@ TEST_F(ConvertTest, ItemsHaveTheirTrueNumbers)
     Tests::setItem(append(makeParagraph("four")), *numbers, 0);
     append(makeParagraph("between"));
     Tests::setItem(append(makeParagraph("point")), *bullets, 0);
-    EXPECT_EQ(getPlainText(), "3. three\na) below\nit\n4. four\nbetween\n\xE2\x80\xA2 point\n");
-    EXPECT_EQ(getMarkdown(), "3. three\n   - a) below\\\n     it\n4. four\n\nbetween\n\n- point\n");
+    DOM::RunProps hidden;
+    hidden.setHidden(true);
+    DOM::Paragraph& unseen = append(makeParagraph());
+    unseen.appendText("unseen", Tests::makeRunStyle(hidden));
+    unseen.setSharedParaMarkStyle(Tests::makeRunStyle(hidden));
+    Tests::setItem(unseen, *numbers, 0);
+    Tests::setItem(append(makeParagraph("five")), *numbers, 0);
+    EXPECT_EQ(getPlainText(), "3. three\na) below\nit\n4. four\nbetween\n\xE2\x80\xA2 point\n5. five\n");
+    EXPECT_EQ(getMarkdown(), "3. three\n   - a) below\\\n     it\n4. four\n\nbetween\n\n- point\n5. five\n");
 }
 
 TEST_F(ConvertTest, TablesAreRowsOfCells)
@@ -161,6 +224,7 @@ TEST_F(ConvertTest, PicturesAreLinksIntoTheMediaFolder)
     frame->setName("A [map]");
     append(makeParagraph()).appendRun(std::make_unique<DOM::DrawingRun>(frame));
     EXPECT_EQ(getMarkdown("my 5% media"), "![A \\[map\\]](<my%205%25%20media/id1.png>)\n");
+    EXPECT_EQ(getMarkdown("a#b?c"), "![A \\[map\\]](<a%23b%3Fc/id1.png>)\n");
     EXPECT_EQ(getMarkdown(), "\\[A \\[map\\]\\]\n");
 }
 
@@ -173,6 +237,31 @@ TEST_F(ConvertTest, TextBoxesFollowTheirParagraph)
     append(makeParagraph("beside")).appendRun(std::make_unique<DOM::DrawingRun>(frame));
     EXPECT_EQ(getPlainText(), "beside\nin the box\n");
     EXPECT_EQ(getMarkdown(), "beside\n\nin the box\n");
+}
+
+TEST_F(ConvertTest, ListsOfTextBoxesAndNotesCountForThemselves)
+{
+    auto numbers = std::make_shared<DOM::NumberedList>();
+    Tests::appendLevel(*numbers, DOM::NumListMarkerType::Decimal, "%1.");
+    _document.addNumberedList(numbers);
+    const auto makeItem = [&](const char* text) {
+        auto paragraph = makeParagraph(text);
+        Tests::setItem(*paragraph, *numbers, 0);
+        return paragraph;
+    };
+    auto shape = std::make_unique<DOM::Shape>();
+    shape->setText(Tests::makeText(makeItem("boxed")));
+    auto frame = std::make_shared<DOM::Frame>();
+    frame->setGraphicalObject(std::move(shape));
+    auto first = makeItem("first");
+    first->appendRun(std::make_unique<DOM::DrawingRun>(frame));
+    append(std::move(first));
+    append(makeItem("second"));
+    for (const char* const text : {"noted", "again"})
+        _document.appendNote(
+            std::make_unique<DOM::Note>(DOM::Note::Kind::Footnote, Tests::makeText(makeItem(text))));
+    EXPECT_EQ(getPlainText(), "1. first\n1. boxed\n2. second\n\n[1] 1. noted\n[2] 1. again\n");
+    EXPECT_EQ(getMarkdown(), "1. first\n1. boxed\n2. second\n\n[^1]: 1\\. noted\n\n[^2]: 1\\. again\n");
 }
 
 TEST_F(ConvertTest, TablesOfContentsAreTheirEntries)

@@ -57,6 +57,7 @@ TEST(MarkdownTextTest, QuotesTargets)
     const std::vector<EscapeRow> rows = {
         {"https://example.org/a(b)?c=d&e#f", "<https://example.org/a(b)?c=d&e#f>"},
         {"media/a b<c>\\d\n.png",            "<media/a%20b%3Cc%3E%5Cd%0A.png>"   },
+        {"https://example.org/a|b`c",        "<https://example.org/a%7Cb%60c>"   },
         {"",                                 "<>"                                },
     };
     for (const EscapeRow& row : rows)

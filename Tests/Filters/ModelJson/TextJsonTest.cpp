@@ -1,5 +1,7 @@
 #include <Filters/ModelJson/TextJson.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -372,6 +374,20 @@ TEST(WriteTextJson, LongNamesAreCut)
     EXPECT_EQ(writeBlocks(run), R"([{"kind":"paragraph","text":"a","runs":[{"text":"a","hyperlink":")" +
                                     std::string(8192, 'y') + R"(","field":")" + std::string(1024, 'x') +
                                     R"("}]}])");
+}
+
+TEST(WriteTextJson, LongLinksOfManyRunsAreCutToNames)
+{
+    FilterRun run;
+    const DOM::SharedRunStyle style = makeStyle([](DOM::RunStyle& made) {
+        made.setHyperlink(std::make_shared<DOM::Hyperlink>(std::string(8192, 'Z')));
+    });
+    constexpr std::size_t LongLinks = 2048; // together 16 MiB
+    DOM::Paragraph& paragraph = appendParagraph(run);
+    for (std::size_t i = 0; i <= LongLinks; ++i)
+        addText(paragraph, style);
+    const std::string json = writeBlocks(run);
+    EXPECT_EQ(static_cast<std::size_t>(std::count(json.begin(), json.end(), 'Z')), LongLinks * 8192 + 1024);
 }
 
 // --- Tables

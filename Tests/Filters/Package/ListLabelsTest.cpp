@@ -83,7 +83,7 @@ const LabelsRow LabelsRows[] = {
     {"OuterItemRestarts",           Outline,                                                                         {0, 1, 2, 2, 1, 2},    "1.|1.1.|1.1.1.|1.1.2.|1.2.|1.2.1."},
     {"OutermostRestartsAll",        Outline,                                                                         {0, 1, 2, 0, 2},       "1.|1.1.|1.1.1.|2.|2.1.1."         },
     {"SkippedLevelIsStart",         {{Type::Decimal, "%1.", 4}, {Type::Decimal, "%1.%2."}},                          {1, 1, 0, 1},
-     "4.1.|4.2.|4.|4.1."                                                                                                                                                       },
+     "4.1.|4.2.|5.|5.1."                                                                                                                                                       },
     {"NeverRestarts",               {{Type::Decimal, "%1."}, {Type::Decimal, "%2", 1, 0UL}},                         {0, 1, 0, 1},          "1.|1|2.|2"                        },
     {"RestartsAfterOutermostAlone",
      {{Type::Decimal, "%1"}, {Type::Decimal, "%2"}, {Type::Decimal, "%3", 1, 1UL}},                                  {0, 1, 2, 1, 2, 0, 2},

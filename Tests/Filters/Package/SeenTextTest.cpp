@@ -153,6 +153,28 @@ TEST(SeenText, HiddenByTheCell)
     EXPECT_EQ(getSeenText(paragraph, formats, {nullptr, &cell}), "");
 }
 
+TEST(IsHidden, WithItsMarkAndAllThatIsShown)
+{
+    const DOM::Document document;
+    EffectiveFormats formats(document);
+    DOM::RunStyle hidden;
+    hidden.setRunProps(makeHiddenProps(true));
+    const auto shared = DOM::SharedRunStyle(new DOM::RunStyle(hidden));
+    DOM::Paragraph paragraph;
+    paragraph.appendText("a", shared);
+    EXPECT_FALSE(isHidden(paragraph, formats)); // its mark is there
+    paragraph.setSharedParaMarkStyle(shared);
+    EXPECT_TRUE(isHidden(paragraph, formats));
+    paragraph.appendRun(std::make_unique<DOM::BookmarkRun>(DOM::BookmarkRun::Kind::Start, "b"));
+    EXPECT_TRUE(isHidden(paragraph, formats));
+    DOM::RunStyle deleted;
+    deleted.setChange(std::make_shared<DOM::TrackedChange>(DOM::TrackedChange::Kind::Deleted, "", ""));
+    paragraph.appendText("gone", DOM::SharedRunStyle(new DOM::RunStyle(deleted)));
+    EXPECT_TRUE(isHidden(paragraph, formats));
+    paragraph.appendText("shown");
+    EXPECT_FALSE(isHidden(paragraph, formats));
+}
+
 using Blocks = std::vector<std::unique_ptr<DOM::Block>>;
 
 void addParagraph(Blocks& blocks, const char* text)

@@ -112,6 +112,11 @@ TEST_F(TextPreviewParts, ShowsPicturesInTheLineOrBesideIt)
     const std::string page = write(limits);
     EXPECT_EQ(count(page, "<img"), 2U);
     EXPECT_THAT(page, HasSubstr("Not shown: 2 pictures and shapes."));
+    limits = {};
+    limits.repeatedBytes = 26; // the second time
+    EXPECT_EQ(count(write(limits), "<img"), 2U);
+    limits.repeatedBytes = 25;
+    EXPECT_EQ(count(write(limits), "<img"), 1U);
 }
 
 TEST_F(TextPreviewParts, PutsTextBoxesBeforeTheirParagraph)

@@ -101,29 +101,30 @@ using ColorRow = FormatRow<ColorRowValue>;
 using ColorRows = FormatRows<ColorRowValue>;
 
 const ColorRow TextColorRows[] = {
-    {"Hex",          "<w:color w:val='1F497D'/>",                               {"1F497D"}, nullptr                      },
-    {"Automatic",    "<w:color w:val='auto'/>",                                 {""},       nullptr                      },
-    {"NoValue",      "<w:color/>",                                              {""},       nullptr                      },
-    {"NoHex",        "<w:color w:val='red'/>",                                  {""},       "Incorrect color: red"       },
-    {"TooLong",      "<w:color w:val='1234567890'/>",                           {""},       "Incorrect color: 1234567890"},
-    {"Theme",        "<w:color w:val='FF0000' w:themeColor='accent1'/>",        {"4F81BD"}, nullptr                      },
-    {"Text",         "<w:color w:themeColor='text1'/>",                         {"000000"}, nullptr                      },
-    {"Background",   "<w:color w:themeColor='background2'/>",                   {"EEECE1"}, nullptr                      },
-    {"Dark",         "<w:color w:themeColor='dark2'/>",                         {"1F497D"}, nullptr                      },
-    {"Link",         "<w:color w:themeColor='hyperlink'/>",                     {"0000FF"}, nullptr                      },
-    {"NoTheme",      "<w:color w:val='FF0000' w:themeColor='none'/>",           {"FF0000"}, nullptr                      },
+    {"Hex",          "<w:color w:val='1F497D'/>",                               {"1F497D"},      nullptr                      },
+    {"Automatic",    "<w:color w:val='auto'/>",                                 {"transparent"}, nullptr                      },
+    {"AutoTheme",    "<w:color w:val='auto' w:themeColor='accent1'/>",          {"4F81BD"},      nullptr                      },
+    {"NoValue",      "<w:color/>",                                              {""},            nullptr                      },
+    {"NoHex",        "<w:color w:val='red'/>",                                  {""},            "Incorrect color: red"       },
+    {"TooLong",      "<w:color w:val='1234567890'/>",                           {""},            "Incorrect color: 1234567890"},
+    {"Theme",        "<w:color w:val='FF0000' w:themeColor='accent1'/>",        {"4F81BD"},      nullptr                      },
+    {"Text",         "<w:color w:themeColor='text1'/>",                         {"000000"},      nullptr                      },
+    {"Background",   "<w:color w:themeColor='background2'/>",                   {"EEECE1"},      nullptr                      },
+    {"Dark",         "<w:color w:themeColor='dark2'/>",                         {"1F497D"},      nullptr                      },
+    {"Link",         "<w:color w:themeColor='hyperlink'/>",                     {"0000FF"},      nullptr                      },
+    {"NoTheme",      "<w:color w:val='FF0000' w:themeColor='none'/>",           {"FF0000"},      nullptr                      },
     {"UnknownTheme", "<w:color w:val='FF0000' w:themeColor='accent7'/>",        {"FF0000"},
-     "Unknown value accent7 of themeColor"                                                                               },
-    {"WholeTint",    "<w:color w:themeColor='text1' w:themeTint='FF'/>",        {"000000"}, nullptr                      },
-    {"Tint",         "<w:color w:themeColor='text1' w:themeTint='80'/>",        {"7E7E7E"}, nullptr                      },
-    {"NoTint",       "<w:color w:themeColor='text1' w:themeTint='00'/>",        {"FFFFFF"}, nullptr                      },
-    {"Shade",        "<w:color w:themeColor='background1' w:themeShade='80'/>", {"808080"}, nullptr                      },
-    {"NoShade",      "<w:color w:themeColor='background1' w:themeShade='0'/>",  {"000000"}, nullptr                      },
+     "Unknown value accent7 of themeColor"                                                                                    },
+    {"WholeTint",    "<w:color w:themeColor='text1' w:themeTint='FF'/>",        {"000000"},      nullptr                      },
+    {"Tint",         "<w:color w:themeColor='text1' w:themeTint='80'/>",        {"7E7E7E"},      nullptr                      },
+    {"NoTint",       "<w:color w:themeColor='text1' w:themeTint='00'/>",        {"FFFFFF"},      nullptr                      },
+    {"Shade",        "<w:color w:themeColor='background1' w:themeShade='80'/>", {"808080"},      nullptr                      },
+    {"NoShade",      "<w:color w:themeColor='background1' w:themeShade='0'/>",  {"000000"},      nullptr                      },
     {"LongTint",     "<w:color w:themeColor='text1' w:themeTint='100'/>",       {"000000"},
-     "Unexpected value 100 of themeTint"                                                                                 },
+     "Unexpected value 100 of themeTint"                                                                                      },
     {"SignedShade",  "<w:color w:themeColor='text1' w:themeShade='-1'/>",       {"000000"},
-     "Unexpected value -1 of themeShade"                                                                                 },
-    {"TintOfHex",    "<w:color w:val='FF0000' w:themeTint='80'/>",              {"FF0000"}, nullptr                      },
+     "Unexpected value -1 of themeShade"                                                                                      },
+    {"TintOfHex",    "<w:color w:val='FF0000' w:themeTint='80'/>",              {"FF0000"},      nullptr                      },
 };
 
 class ReadTextColor : public ColorRows
@@ -141,25 +142,25 @@ INSTANTIATE_TEST_SUITE_P(Rows, ReadTextColor, testing::ValuesIn(TextColorRows), 
 // What lies behind text
 
 const ColorRow BackgroundRows[] = {
-    {"Highlight",       "<w:highlight w:val='darkYellow'/>",                                      {"808000"}, nullptr                          },
-    {"NoHighlight",     "<w:highlight w:val='none'/>",                                            {""},       nullptr                          },
-    {"OtherHighlight",  "<w:highlight w:val='pink'/>",                                            {""},       "Unknown value pink of highlight"},
+    {"Highlight",       "<w:highlight w:val='darkYellow'/>",                                      {"808000"},      nullptr                          },
+    {"NoHighlight",     "<w:highlight w:val='none'/>",                                            {""},            nullptr                          },
+    {"OtherHighlight",  "<w:highlight w:val='pink'/>",                                            {""},            "Unknown value pink of highlight"},
     {"HighlightWins",   "<w:highlight w:val='red'/><w:shd w:val='clear' w:fill='00FF00'/>",       {"FF0000"},
-     nullptr                                                                                                                                   },
-    {"Filling",         "<w:shd w:val='clear' w:color='auto' w:fill='00FF00'/>",                  {"00FF00"}, nullptr                          },
-    {"NoPattern",       "<w:shd w:fill='00FF00'/>",                                               {"00FF00"}, nullptr                          },
-    {"Nothing",         "<w:shd w:val='clear' w:color='auto' w:fill='auto'/>",                    {""},       nullptr                          },
-    {"Nil",             "<w:shd w:val='nil' w:fill='00FF00'/>",                                   {""},       nullptr                          },
-    {"Solid",           "<w:shd w:val='solid' w:color='123456' w:fill='00FF00'/>",                {"123456"}, nullptr                          },
-    {"SolidAutomatic",  "<w:shd w:val='solid' w:color='auto' w:fill='00FF00'/>",                  {"000000"}, nullptr                          },
-    {"Quarter",         "<w:shd w:val='pct25' w:color='000000' w:fill='FFFFFF'/>",                {"BFBFBF"}, nullptr                          },
-    {"Eighth",          "<w:shd w:val='pct12' w:color='auto' w:fill='auto'/>",                    {"DFDFDF"}, nullptr                          },
-    {"Stripes",         "<w:shd w:val='thinDiagStripe' w:color='FF0000' w:fill='auto'/>",         {"FFBFBF"}, nullptr                          },
+     nullptr                                                                                                                                        },
+    {"Filling",         "<w:shd w:val='clear' w:color='auto' w:fill='00FF00'/>",                  {"00FF00"},      nullptr                          },
+    {"NoPattern",       "<w:shd w:fill='00FF00'/>",                                               {"00FF00"},      nullptr                          },
+    {"Nothing",         "<w:shd w:val='clear' w:color='auto' w:fill='auto'/>",                    {"transparent"}, nullptr                          },
+    {"Nil",             "<w:shd w:val='nil' w:fill='00FF00'/>",                                   {"transparent"}, nullptr                          },
+    {"Solid",           "<w:shd w:val='solid' w:color='123456' w:fill='00FF00'/>",                {"123456"},      nullptr                          },
+    {"SolidAutomatic",  "<w:shd w:val='solid' w:color='auto' w:fill='00FF00'/>",                  {"000000"},      nullptr                          },
+    {"Quarter",         "<w:shd w:val='pct25' w:color='000000' w:fill='FFFFFF'/>",                {"BFBFBF"},      nullptr                          },
+    {"Eighth",          "<w:shd w:val='pct12' w:color='auto' w:fill='auto'/>",                    {"DFDFDF"},      nullptr                          },
+    {"Stripes",         "<w:shd w:val='thinDiagStripe' w:color='FF0000' w:fill='auto'/>",         {"FFBFBF"},      nullptr                          },
     {"UnknownPattern",  "<w:shd w:val='dots' w:color='FF0000' w:fill='00FF00'/>",                 {"00FF00"},
-     "Unknown value dots of shd"                                                                                                               },
-    {"ThemeFilling",    "<w:shd w:val='clear' w:fill='00FF00' w:themeFill='accent2'/>",           {"C0504D"}, nullptr                          },
+     "Unknown value dots of shd"                                                                                                                    },
+    {"ThemeFilling",    "<w:shd w:val='clear' w:fill='00FF00' w:themeFill='accent2'/>",           {"C0504D"},      nullptr                          },
     {"FillingOfAShade", "<w:shd w:val='clear' w:themeFill='background1' w:themeFillShade='80'/>", {"808080"},
-     nullptr                                                                                                                                   },
+     nullptr                                                                                                                                        },
 };
 
 class ReadBackground : public ColorRows
@@ -182,18 +183,6 @@ TEST_F(Formats, TellAThousandMessagesWhereTheyAreCounted)
     for (int i = 0; i < 1001; ++i)
         reader.readRun(bad);
     EXPECT_EQ(_report.getMessages().size(), 1000U);
-}
-
-TEST_F(Formats, ReadPercentages)
-{
-    const FormatValues& values = _reader.getValues();
-    EXPECT_EQ(values.readPercentage({std::string("50%"), "w"}), 0.5);
-    EXPECT_EQ(values.readPercentage({std::string("2500"), "w"}), 0.5);
-    EXPECT_EQ(values.readPercentage({boost::none, "w"}), boost::none);
-    EXPECT_THAT(getMessages(), IsEmpty());
-    EXPECT_EQ(values.readPercentage({std::string("x%"), "w"}), boost::none);
-    EXPECT_EQ(values.readPercentage({std::string("x"), "w"}), boost::none);
-    EXPECT_THAT(getMessages(), ElementsAre("Can't parse percentage value x%", "Unexpected value x of w"));
 }
 
 struct WholeRow

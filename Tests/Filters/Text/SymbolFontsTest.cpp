@@ -70,15 +70,6 @@ TEST_P(MapSymbol, KeepsRow)
 INSTANTIATE_TEST_SUITE_P(Rows, MapSymbol, testing::ValuesIn(SymbolRows),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST(IsSymbolFont, KnowsThree)
-{
-    EXPECT_TRUE(isSymbolFont("Symbol"));
-    EXPECT_TRUE(isSymbolFont("WINGDINGS"));
-    EXPECT_TRUE(isSymbolFont("Wingdings 2"));
-    EXPECT_FALSE(isSymbolFont("Wingdings 3"));
-    EXPECT_FALSE(isSymbolFont(""));
-}
-
 TEST(MapSymbols, MapsEachCharacter)
 {
     EXPECT_EQ(mapSymbols("Symbol", "\uF061\uF062c"), std::string("\u03B1\u03B2\u03C7"));

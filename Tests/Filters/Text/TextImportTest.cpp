@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <boost/none.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,12 +14,14 @@
 #include <DOM/Public/Note.h>
 #include <DOM/Public/NumberedList.h>
 #include <DOM/Public/NumberingRef.h>
+#include <DOM/Public/PageProps.h>
 #include <DOM/Public/Paragraph.h>
 #include <DOM/Public/ParagraphStyle.h>
 #include <DOM/Public/PredefinedStyleName.h>
 #include <DOM/Public/PredefinedTextStyles.h>
 #include <DOM/Public/Run.h>
 #include <DOM/Public/RunProps.h>
+#include <DOM/Public/Section.h>
 #include <DOM/Public/Styles.h>
 #include <DOM/Public/Table.h>
 #include <DOM/Public/TableStyle.h>
@@ -153,6 +156,42 @@ TEST_F(TextImport, StylesStandInTheDocument)
         EXPECT_EQ(styles.getDefaultRunProps()->getFontSize(), 15.0F);
         EXPECT_THAT(listMessages(), IsEmpty());
     }
+}
+
+TEST_F(TextImport, ChoosesAmongAlternateFormats)
+{
+    const auto choose = [](const std::string& choice, const std::string& fallback) {
+        return "<mc:AlternateContent><mc:Choice Requires='w14'>" + choice + "</mc:Choice><mc:Fallback>" +
+               fallback + "</mc:Fallback></mc:AlternateContent>";
+    };
+    const std::string bold = choose("<w:b/>", "<w:i/>");
+    builder.styles = choose("<w:style w:type='paragraph' w:styleId='Own'><w:name w:val='Own'/><w:rPr>" +
+                                bold + "</w:rPr></w:style>",
+        "");
+    builder.numbering = "<w:abstractNum w:abstractNumId='1'>" +
+                        choose("<w:lvl w:ilvl='0'><w:start w:val='7'/></w:lvl>", "") +
+                        "</w:abstractNum><w:num w:numId='5'><w:abstractNumId w:val='1'/></w:num>";
+    importBody("<w:p><w:pPr>" + choose("<w:pStyle w:val='Own'/>", "") + "</w:pPr><w:r><w:rPr>" + bold +
+               "</w:rPr><w:t>a</w:t></w:r></w:p><w:tbl><w:tr><w:tc><w:tcPr>" +
+               choose("", "<w:gridSpan w:val='2'/>") + "</w:tcPr><w:p/></w:tc></w:tr></w:tbl><w:sectPr>" +
+               choose("<w:pgSz w:w='2000'/>", "") + "</w:sectPr>");
+    const DOM::Document& document = run->getDocument();
+    const DOM::NamedTextStyle* const own =
+        document.getStyles().getTextStyles().find(getParagraph(0).getStyle().getParentUUID());
+    ASSERT_NE(own, nullptr);
+    const DOM::Run& written = getParagraph(0).getRuns()[0];
+    for (const auto& props : {own->getRunProps(), written.getStyle().getRunProps()}) {
+        ASSERT_NE(props, nullptr);
+        EXPECT_EQ(props->getBold(), true);
+        EXPECT_EQ(props->getItalic(), boost::none);
+    }
+    ASSERT_THAT(document.getNumberedLists(), SizeIs(1));
+    EXPECT_EQ(document.getNumberedLists().begin()->second->getLevels().front()->getStart(), 7);
+    EXPECT_EQ(getTable(1).getLiveColsCount(), 2U);
+    ASSERT_THAT(document.getSections(), SizeIs(1));
+    ASSERT_NE(document.getSections()[0].getPageProps(), nullptr);
+    EXPECT_EQ(document.getSections()[0].getPageProps()->getWidth(), 100.0F);
+    EXPECT_THAT(listMessages(), IsEmpty());
 }
 
 TEST_F(TextImport, ListsStandInTheDocument)
