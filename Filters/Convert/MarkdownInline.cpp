@@ -140,10 +140,10 @@ std::string MarkdownInline::write(const DOM::Paragraph& paragraph, const CellSco
         const std::string marks = std::string(look.isBold ? "**" : "") + (look.isItalic ? "*" : "");
         const std::string closing = std::string(look.isItalic ? "*" : "") + (look.isBold ? "**" : "");
         const std::string struck = look.isStruck ? "~~" : "";
-        std::string text = surround(stretch, marks + struck, struck + closing);
+        std::string marked = surround(stretch, marks + struck, struck + closing);
         if (!look.link.empty())
-            text = surround(text, "[", "]" + _links.write(look.link));
-        appendMarkdown(result, text);
+            marked = surround(marked, "[", "]" + _links.write(look.link));
+        appendMarkdown(result, marked);
         stretch.clear();
     };
     for (const DOM::Run& run : paragraph.getRuns()) {

@@ -87,4 +87,23 @@ cinder::ColorAT<unsigned char> applyTint(const cinder::ColorAT<unsigned char>& c
         convertToByte(getChannel(least, greatest, hls.hue - HlsMax / 3)), color.a};
 }
 
+cinder::ColorAT<unsigned char> changeLuminance(
+    const cinder::ColorAT<unsigned char>& color, double scale, double offset)
+{
+    const double high = std::max({color.r, color.g, color.b}) / 255.0;
+    const double low = std::min({color.r, color.g, color.b}) / 255.0;
+    const double before = (high + low) / 2;
+    const double after = std::clamp(before * scale + offset, 0.0, 1.0);
+    // The distance between the greatest and the least channel of a colour that is saturated.
+    const auto getWidest = [](double luminance) { return 1 - std::fabs(2 * luminance - 1); };
+    const double spread = high > low ? (high - low) / getWidest(before) * getWidest(after) : 0;
+    const auto change = [&](unsigned char channel) {
+        const double place = high > low ? (channel / 255.0 - low) / (high - low) : 0;
+        const double changed = after - spread / 2 + place * spread;
+        // What word processors write beside such a colour was cut, and not rounded.
+        return static_cast<unsigned char>(std::clamp(changed, 0.0, 1.0) * 255 + 1e-6);
+    };
+    return {change(color.r), change(color.g), change(color.b), color.a};
+}
+
 } // namespace QV::Filters

@@ -13,4 +13,11 @@ namespace QV::Filters {
 FILTERS_API cinder::ColorAT<unsigned char> applyTint(
     const cinder::ColorAT<unsigned char>& color, double tint);
 
+/// Makes the luminance of a colour @p scale times what it is, plus @p offset, and keeps hue, saturation and
+/// alpha, as word processors do for themeShade and themeTint (ECMA-376 Part 1, 17.3.2.6): in real numbers.
+///
+/// @param scale, offset of which the luminance stays between 0 and 1; it ends there otherwise
+FILTERS_API cinder::ColorAT<unsigned char> changeLuminance(
+    const cinder::ColorAT<unsigned char>& color, double scale, double offset);
+
 } // namespace QV::Filters

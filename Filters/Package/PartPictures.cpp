@@ -33,7 +33,9 @@ std::unique_ptr<DOM::Picture> PartPictures::makePictureFromBytes(
 
 std::unique_ptr<DOM::Picture> PartPictures::makeStored(const Stored& stored)
 {
-    return stored.first.empty() ? nullptr : std::make_unique<DOM::Picture>(stored.first, stored.second);
+    if (stored.first.empty())
+        return nullptr;
+    return std::make_unique<DOM::Picture>(stored.first, stored.second);
 }
 
 const PartPictures::Stored& PartPictures::storeEmbedded(const std::string& part)

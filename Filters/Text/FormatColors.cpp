@@ -1,6 +1,7 @@
 // The readers of FormatValues for colours, fillings and lines.
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <iterator>
 #include <memory>
@@ -131,7 +132,7 @@ DOM::Color::RGBA makeOpaqueColor(std::uint32_t rgb)
 DOM::Color mixColors(const DOM::Color& filling, const DOM::Color& pattern, double share)
 {
     const auto mix = [share](unsigned char below, unsigned char above) {
-        return static_cast<unsigned char>(below * (1 - share) + above * share + 0.5);
+        return static_cast<unsigned char>(std::lround(below * (1 - share) + above * share));
     };
     const DOM::Color::RGBA& below = filling.getRGBA();
     const DOM::Color::RGBA& above = pattern.getRGBA();
@@ -160,9 +161,9 @@ boost::optional<DOM::Color> FormatValues::readColor(
     }
     // What is written down is the share of the luminance that stays.
     if (const auto shade = readHexShare(attribute(element, attributes.shade)))
-        color = applyTint(*color, *shade - 1);
+        color = changeLuminance(*color, *shade, 0);
     if (const auto tint = readHexShare(attribute(element, attributes.tint)))
-        color = applyTint(*color, 1 - *tint);
+        color = changeLuminance(*color, *tint, 1 - *tint);
     return DOM::Color(*color);
 }
 

@@ -234,7 +234,7 @@ private:
         if (!part || !isKindReferred(kind))
             return;
         const Relationships relationships = Relationships::read(_package, part->target, _run.getReport());
-        readNotes(_context, formats, part->target, relationships, [&](NoteStory story) {
+        readNotes(_context, formats, part->target, relationships, [&](NoteStory&& story) {
             if (!story.type.empty() && story.type != "normal")
                 return; // a separator between the text and its notes
             const std::string id = story.id;

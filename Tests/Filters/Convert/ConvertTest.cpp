@@ -113,7 +113,7 @@ TEST_F(ConvertTest, LongTargetsStandOnceAtTheEnd)
 
 TEST_F(ConvertTest, MarksStandBeforeBreaks)
 {
-    const auto appendTo = [this](std::unique_ptr<DOM::Paragraph> paragraph) {
+    const auto appendTo = [](std::unique_ptr<DOM::Paragraph> paragraph) {
         paragraph->appendText("Title", Tests::makeRunStyle(makeProps(true, false, false)));
         paragraph->appendRun(std::make_unique<DOM::BreakRun>(
             DOM::BreakRun::Kind::Line, Tests::makeRunStyle(makeProps(true, false, false))));

@@ -99,5 +99,29 @@ TEST(ApplyTint, LighterIsNeverDarker)
                 << print(makeColor(color)) << " with tint " << tint;
 }
 
+TEST(ChangeLuminance, KeepsHueAndSaturation)
+{
+    struct Row
+    {
+        unsigned color;
+        double scale;
+        double offset;
+        const char* expected;
+    };
+    const Row rows[] = {
+        {0x4472C4, 0xBF / 255.0, 0,                "2F5496"}, // as word processors write these down
+        {0x4472C4, 0x99 / 255.0, 1 - 0x99 / 255.0, "8EAADB"},
+        {0xFFFFFF, 0x80 / 255.0, 0,                "808080"},
+        {0x123456, 1,            0,                "123456"},
+        {0x123456, 0,            0,                "000000"},
+        {0x123456, 0,            1,                "FFFFFF"},
+        {0x123456, 9,            9,                "FFFFFF"},
+        {0x000000, 0.5,          0.5,              "7F7F7F"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(print(changeLuminance(makeColor(row.color), row.scale, row.offset)), row.expected);
+    EXPECT_EQ(changeLuminance({10, 20, 30, 77}, 0.5, 0).a, 77);
+}
+
 } // namespace
 } // namespace QV::Filters

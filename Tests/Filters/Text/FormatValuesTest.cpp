@@ -116,7 +116,7 @@ const ColorRow TextColorRows[] = {
     {"UnknownTheme", "<w:color w:val='FF0000' w:themeColor='accent7'/>",        {"FF0000"},
      "Unknown value accent7 of themeColor"                                                                                    },
     {"WholeTint",    "<w:color w:themeColor='text1' w:themeTint='FF'/>",        {"000000"},      nullptr                      },
-    {"Tint",         "<w:color w:themeColor='text1' w:themeTint='80'/>",        {"7E7E7E"},      nullptr                      },
+    {"Tint",         "<w:color w:themeColor='text1' w:themeTint='80'/>",        {"7F7F7F"},      nullptr                      },
     {"NoTint",       "<w:color w:themeColor='text1' w:themeTint='00'/>",        {"FFFFFF"},      nullptr                      },
     {"Shade",        "<w:color w:themeColor='background1' w:themeShade='80'/>", {"808080"},      nullptr                      },
     {"NoShade",      "<w:color w:themeColor='background1' w:themeShade='0'/>",  {"000000"},      nullptr                      },
