@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Feeds packages that were made to do harm to the program, and watches it.
 
-Usage: check_hostile.py QVFILTER [--only NAME] [--keep FOLDER]
+Usage: check_hostile.py QVFILTER [--only NAME] [--kind xlsx|docx] [--keep FOLDER]
 Each package is imported, and asked for its links; text documents become a page, Markdown and plain text too. They are
 made anew in a temporary folder; --keep writes them to FOLDER for a closer look.
 """
@@ -56,10 +56,11 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("program")
     parser.add_argument("--only", default="")
+    parser.add_argument("--kind", choices=("xlsx", "docx"), help="one kind of package alone, so that both run at once")
     parser.add_argument("--keep", type=pathlib.Path)
     options = parser.parse_args()
     cases = [case for case in hostile_packages.CASES + hostile_parts.CASES + hostile_drawings.CASES + hostile_texts.CASES
-             if options.only in case.name]
+             if options.only in case.name and options.kind in (None, case.suffix)]
     if not file_trace.STRACE:
         print("strace is not installed: system calls are not watched")
     if not allowance(options.program).optimised:
