@@ -320,6 +320,7 @@ COUNTS = [
     text("picture-shown-in-5000-paragraphs", pictured(f"<w:p>{picture()}</w:p>" * 5000)),
     text("tabs-and-breaks-million", said(f"<w:p><w:r>{'<w:tab/><w:br/>' * 500000}</w:r></w:p>"), is_long=True),
     text("text-of-10-mebibytes", said(paragraph("x" * (10 << 20))), is_long=True),
+    text("text-of-50-mebibytes", said(paragraph("x" * (50 << 20))), REFUSED, is_long=True),  # beyond a limit of XML
     text("header-of-styles", header_of_styles),
     text("format-long-around-tabs", said(f"<w:p><w:r>{LONG_FORMAT}{'<w:tab/>' * 500000}</w:r></w:p>"), is_long=True),
     text("format-long-around-runs", said(f"<w:p><w:r>{LONG_FORMAT}{'<w:r/>' * 1000000}</w:r></w:p>"), is_long=True),
