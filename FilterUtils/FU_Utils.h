@@ -25,12 +25,14 @@
 #include <FilterUtils/FU_NumberedListsFactory.h>        // IWYU pragma: keep
 #include <FilterUtils/FU_Pictures.h>                    // IWYU pragma: keep
 #include <FilterUtils/FU_PivotTables.h>                 // IWYU pragma: keep
+#include <FilterUtils/FU_Slides.h>                      // IWYU pragma: keep
 #include <FilterUtils/FU_StyleHierarchy.h>              // IWYU pragma: keep
 #include <FilterUtils/FU_TableDimensionsInfo.h>         // IWYU pragma: keep
 #include <FilterUtils/FU_TableIndices.h>                // IWYU pragma: keep
 #include <FilterUtils/FU_TableNamesInFormulas.h>        // IWYU pragma: keep
 #include <FilterUtils/FU_TableOfContentsLevelsFiller.h> // IWYU pragma: keep
 #include <FilterUtils/FU_Text.h>                        // IWYU pragma: keep
+#include <FilterUtils/FU_TransformMatrices.h>           // IWYU pragma: keep
 #include <FilterUtils/FU_XMLElement.h>                  // IWYU pragma: keep
 #include <FilterUtils/FU_XMLNames.h>                    // IWYU pragma: keep
 #include <FilterUtils/FU_XMLReadOptions.h>              // IWYU pragma: keep

@@ -109,6 +109,19 @@ std::string gatherText(const DOMNode& root)
     return result;
 }
 
+// As QualifiedName takes it apart.
+std::string makeQualifiedName(const xercesc::DOMElement& element)
+{
+    std::string name;
+    const XMLCh* const uri = element.getNamespaceURI();
+    if (uri && *uri) {
+        appendUtf8(name, view(uri));
+        name += ':';
+    }
+    appendUtf8(name, view(element.getLocalName()));
+    return name;
+}
+
 } // namespace
 
 const std::string XSDTrueValue = "1";
@@ -170,6 +183,16 @@ void XMLElement::processElements(
          child = child->getNextElementSibling())
         if (qualifiedName.matches(*child))
             function(XMLElement(_parser, _handler, child));
+}
+
+void XMLElement::processAllElements(
+    const std::function<void(const std::string& name, const XMLElement& element)>& function) const
+{
+    if (!_element)
+        return;
+    for (const xercesc::DOMElement* child = _element->getFirstElementChild(); child;
+         child = child->getNextElementSibling())
+        function(makeQualifiedName(*child), XMLElement(_parser, _handler, child));
 }
 
 boost::optional<std::string> XMLElement::getAttributeValue(const std::string& name) const

@@ -70,6 +70,12 @@ public:
     void processElements(
         const std::string& name, const std::function<void(const XMLElement&)>& function) const;
 
+    /// Calls @p function for each child element in document order, with its name as getElement takes it.
+    ///
+    /// Throws std::bad_function_call on the first child where @p function is empty.
+    void processAllElements(
+        const std::function<void(const std::string& name, const XMLElement& element)>& function) const;
+
     /// The value of the attribute of that name; or nothing, where the element has none or the view is
     /// invalid.
     boost::optional<std::string> getAttributeValue(const std::string& name) const;

@@ -23,4 +23,9 @@ SharedParagraphStyle SharedObjectFactory::getShared(const ParagraphStyle& style)
     return getFrom(_paragraphStyles, style);
 }
 
+SharedShapeStyle SharedObjectFactory::getShared(const ShapeStyle& style)
+{
+    return getFrom(_shapeStyles, style);
+}
+
 } // namespace QV::DOM

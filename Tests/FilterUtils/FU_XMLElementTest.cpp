@@ -55,6 +55,7 @@ TEST(XMLElement, DefaultIsInvalid)
     EXPECT_EQ(invalid.getText(), boost::none);
     invalid.processElements("a", [](const XMLElement&) { FAIL(); });
     invalid.processElements("a", nullptr);
+    invalid.processAllElements(nullptr);
 }
 
 // --- names
@@ -255,12 +256,43 @@ TEST(XMLElement, ProcessesMatchesInOrder)
     EXPECT_THAT(getTexts(parse(Family), "c"), ElementsAre());
 }
 
+std::vector<std::string> getNames(const XMLElement& element)
+{
+    std::vector<std::string> names;
+    element.processAllElements(
+        [&names](const std::string& name, const XMLElement&) { names.push_back(name); });
+    return names;
+}
+
+TEST(XMLElement, ProcessesAllChildrenInOrder)
+{
+    std::vector<std::string> texts;
+    parse(Family).processAllElements([&texts](const std::string& name, const XMLElement& child) {
+        texts.push_back(name + "=" + child.getText().value_or("nothing"));
+    });
+    EXPECT_THAT(texts, ElementsAre("a=1", "urn:x:a=2", "b=inner", "a=3"));
+    EXPECT_THAT(getNames(parse("<r>text<!-- c --></r>")), ElementsAre());
+    EXPECT_THAT(getNames(XMLElement()), ElementsAre());
+}
+
+TEST(XMLElement, NamesChildrenAsTheyAreFound)
+{
+    const XMLElement root = parse("<r xmlns:p='http://h:80/x' xmlns:q='urn:'><p:a/><q:b/><c xmlns='x'/>"
+                                  "<d xmlns=''/><\xC3\xA4/><e xmlns='\xF0\x9F\x98\x80'/></r>");
+    EXPECT_THAT(getNames(root),
+        ElementsAre("http://h:80/x:a", "urn::b", "x:c", "d", "\xC3\xA4", "\xF0\x9F\x98\x80:e"));
+    root.processAllElements([&root](const std::string& name, const XMLElement& child) {
+        EXPECT_EQ(root.getElement(name), child) << name;
+    });
+}
+
 TEST(XMLElement, FindsElementsOutOfEntities)
 {
     const XMLElement root =
         parse("<!DOCTYPE r [<!ENTITY e '<a>1</a><a>2</a>'>]><r>&e;<a>3</a>&e;<a>4</a></r>");
     EXPECT_EQ(root.getElement("a").getText(), std::string("1"));
     EXPECT_THAT(getTexts(root, "a"), ElementsAre("1", "2", "3", "1", "2", "4"));
+    EXPECT_THAT(getNames(root), ElementsAre("a", "a", "a", "a", "a", "a"));
 }
 
 TEST(XMLElement, HasDefaultAttributesOfDoctype)
@@ -275,6 +307,8 @@ TEST(XMLElement, EmptyFunctionThrowsOnFirstMatchOnly)
     const XMLElement root = parse("<r><a/></r>");
     EXPECT_NO_THROW(root.processElements("b", nullptr));
     EXPECT_THROW(root.processElements("a", nullptr), std::bad_function_call);
+    EXPECT_NO_THROW(root.getElement("a").processAllElements(nullptr));
+    EXPECT_THROW(root.processAllElements(nullptr), std::bad_function_call);
 }
 
 TEST(XMLElement, FunctionsExceptionPasses)
@@ -319,6 +353,7 @@ TEST(XMLElement, ViewsParserOfTheCallers)
     // The element stands below an entity reference, which such a tree keeps.
     EXPECT_EQ(root.getElement("a").getText(), std::string("1"));
     EXPECT_EQ(root.getElement("b").getText(), std::string("2"));
+    EXPECT_THAT(getNames(root), ElementsAre("a", "b"));
     EXPECT_EQ(root.getText(), std::string("12"));
     EXPECT_EQ(root, XMLElement(parser, handler, parser->getDocument()->getDocumentElement()));
     EXPECT_NE(root, XMLElement(parser, nullptr, parser->getDocument()->getDocumentElement()));

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include <boost/optional.hpp>
+
 #include <DOM/Public/BlockCollection.h>
 #include <DOM/Public/DateSystem.h>
 #include <DOM/Public/DefinedName.h>
@@ -14,12 +16,13 @@
 #include <DOM/Public/Section.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/Styles.h>
+#include <Utils/Public/Size2D.h>
 #include <Utils/Public/UUID.h>
 
 namespace QV::DOM {
 
-/// A document in memory: its blocks in order (for a workbook, its sheets), and the styles that they share.
-/// One thread at a time; separate documents share nothing.
+/// A document in memory: its blocks in order (for a workbook, its sheets; for a presentation, its slides,
+/// which are shapes), and the styles that they share. One thread at a time; separate documents share nothing.
 class DOM_API Document
 {
 public:
@@ -47,6 +50,10 @@ public:
     const std::vector<DefinedName>& getDefinedNames() const { return _definedNames; }
     void addDefinedName(DefinedName name) { _definedNames.push_back(std::move(name)); }
 
+    /// Of a presentation, in points; nothing for other documents.
+    const boost::optional<Size2D<float>>& getSlideSize() const { return _slideSize; }
+    void setSlideSize(const boost::optional<Size2D<float>>& size) { _slideSize = size; }
+
     /// Of a text document, in order; the first one begins with the first block.
     const std::vector<Section>& getSections() const { return _sections; }
     void appendSection(Section section) { _sections.push_back(std::move(section)); }
@@ -70,6 +77,7 @@ private:
     BlockCollection _blocks;
     DateSystem _dateSystem = DateSystem::From1900;
     std::vector<DefinedName> _definedNames;
+    boost::optional<Size2D<float>> _slideSize;
     std::vector<Section> _sections;
     NumberedLists _numberedLists;
     std::vector<std::unique_ptr<Note>> _notes; // no null entries

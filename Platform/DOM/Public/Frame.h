@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <utility>
@@ -9,6 +10,8 @@
 #include <DOM/Public/Anchors.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/GraphicalObject.h>
+#include <DOM/Public/Hyperlink.h>
+#include <Utils/Public/Ptr/PtrUtils.h>
 #include <Utils/Public/Size2D.h>
 
 namespace QV::DOM {
@@ -41,6 +44,27 @@ public:
     bool isFlippedVertically() const { return _isFlippedVertically; }
     void setFlippedVertically(bool isFlipped) { _isFlippedVertically = isFlipped; }
 
+    /// Where the object is turned out of the plane: its whole rotation about the axes X (to the right), Y
+    /// (up) and Z (towards the viewer) in degrees, as FilterUtils::convertMatrixToAnglesDegree gives them,
+    /// rotation in the plane included. Nothing for an object that lies in the plane.
+    const boost::optional<std::array<float, 3>>& getSpatialRotation() const { return _spatialRotation; }
+    void setSpatialRotation(const boost::optional<std::array<float, 3>>& degrees)
+    {
+        _spatialRotation = degrees;
+    }
+
+    /// Whether readers do not see the object.
+    bool isHidden() const { return _isHidden; }
+    void setHidden(bool isHidden) { _isHidden = isHidden; }
+
+    /// Where a click on the object leads; null when it leads nowhere.
+    const std::shared_ptr<const Hyperlink>& getHyperlink() const { return _hyperlink; }
+    void setHyperlink(std::shared_ptr<const Hyperlink> link) { _hyperlink = std::move(link); }
+
+    /// What stands in for the object where it cannot be seen; may be empty.
+    const std::string& getDescription() const { return _description; }
+    void setDescription(std::string text) { _description = std::move(text); }
+
     /// May be empty, and need not be unique.
     const std::string& getName() const { return _name; }
     void setName(std::string name) { _name = std::move(name); }
@@ -50,7 +74,9 @@ public:
     {
         return a._graphicalObject == b._graphicalObject && a._anchor == b._anchor && a._extent == b._extent &&
                a._rotation == b._rotation && a._isFlippedHorizontally == b._isFlippedHorizontally &&
-               a._isFlippedVertically == b._isFlippedVertically && a._name == b._name;
+               a._isFlippedVertically == b._isFlippedVertically && a._spatialRotation == b._spatialRotation &&
+               a._isHidden == b._isHidden && pointeesEqual(a._hyperlink, b._hyperlink) &&
+               a._name == b._name && a._description == b._description;
     }
     friend bool operator!=(const Frame& a, const Frame& b) { return !(a == b); }
 
@@ -61,7 +87,11 @@ private:
     float _rotation = 0;
     bool _isFlippedHorizontally = false;
     bool _isFlippedVertically = false;
+    boost::optional<std::array<float, 3>> _spatialRotation;
+    bool _isHidden = false;
+    std::shared_ptr<const Hyperlink> _hyperlink;
     std::string _name;
+    std::string _description;
 };
 
 } // namespace QV::DOM

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -13,32 +15,84 @@
 #include <DOM/Public/Export.h>
 #include <DOM/Public/Frame.h>
 #include <DOM/Public/GraphicalObject.h>
+#include <DOM/Public/ShapeStyle.h>
+#include <DOM/Public/ValueStruct.h>
 #include <Utils/Public/ReadonlyVector.h>
 
 namespace QV::DOM {
 
-/// A drawn shape with text on it, or a group of frames. It stands in a frame, or is a block by itself.
+/// The room on a slide that a layout keeps for something: which one it is tells which shape of the layout,
+/// and of its master, gives the place and the looks.
+struct Placeholder : ValueStruct<Placeholder>
+{
+    std::string type = "obj"; ///< as PresentationML names it: "title", "body" (ECMA-376 Part 1, 19.7.10)
+    unsigned long index = 0;
+    bool isPlaceInherited = false; ///< whether the place is that of the layout's or the master's shape
+
+    auto tie() const { return std::tie(type, index, isPlaceInherited); }
+};
+
+/// What a shape is that stands for a slide.
+struct SlideProps
+{
+    std::string name;
+    bool isHidden = false;
+    bool showsParentShapes = true; ///< whether what lies on the layout and the master is seen
+    SharedCellText notes;          ///< of the speaker; null for none
+};
+
+/// A drawn shape with text on it, or a group of frames. It stands in a frame, or is a block by itself: a
+/// slide.
 ///
-/// A group is a shape without an outline that has children. Their frames have absolute anchors, from the same
-/// corner as the frame of the group; turning or flipping the group's frame moves them along.
+/// The children of a group have absolute anchors, from the same corner as the frame of the group; turning or
+/// flipping the group's frame moves them along.
 class DOM_API Shape final : public Block, public GraphicalObject
 {
 public:
+    enum class Kind : std::uint8_t
+    {
+        Drawn,
+        Group,
+        Connector,
+        Object, ///< of another program; its children or its fill show what it looked like
+        Slide,
+    };
+
     Shape();
     ~Shape() override;
 
-    /// The preset outline, marked with the family of formats that it comes from: "ooxml-rect". Empty for a
-    /// group, and for an outline of its own.
-    const std::string& getPresetGeometry() const { return _presetGeometry; }
-    void setPresetGeometry(std::string name) { _presetGeometry = std::move(name); }
+    Kind getKind() const { return _kind; }
+    void setKind(Kind kind) { _kind = kind; }
 
-    /// The one colour that fills the shape; nothing where it is not filled, or otherwise.
-    const boost::optional<Color>& getFillColor() const { return _fillColor; }
-    void setFillColor(const boost::optional<Color>& color) { _fillColor = color; }
+    /// The empty style where the shape has none.
+    const ShapeStyle& getStyle() const;
+    /// Null where the shape has none.
+    const SharedShapeStyle& getSharedStyle() const { return _style; }
+    SharedShapeStyle& getSharedStyle() { return _style; }
+    void setSharedStyle(SharedShapeStyle style) { _style = std::move(style); }
+
+    /// The preset outline that the shape sets by itself, marked with the family of formats that it comes
+    /// from: "ooxml-rect". Empty for a group, and for an outline of its own.
+    const std::string& getPresetGeometry() const;
+    /// Gives the shape a style of its own.
+    void setPresetGeometry(std::string name);
+
+    /// The one colour that the shape is filled with by itself; nothing where it is not filled, or otherwise.
+    boost::optional<Color> getFillColor() const;
+    /// Gives the shape a style of its own.
+    void setFillColor(const boost::optional<Color>& color);
 
     /// Null where the shape has none.
     const SharedCellText& getText() const { return _text; }
     void setText(SharedCellText text) { _text = std::move(text); }
+
+    /// Nothing for what is no placeholder.
+    const boost::optional<Placeholder>& getPlaceholder() const { return _placeholder; }
+    void setPlaceholder(boost::optional<Placeholder> placeholder) { _placeholder = std::move(placeholder); }
+
+    /// Null for what is no slide.
+    const std::shared_ptr<const SlideProps>& getSlideProps() const { return _slideProps; }
+    void setSlideProps(std::shared_ptr<const SlideProps> props) { _slideProps = std::move(props); }
 
     /// From back to front.
     ReadonlyVector<std::unique_ptr<Frame>> getChildren() const
@@ -49,9 +103,14 @@ public:
     void appendChild(std::unique_ptr<Frame> child) { _children.push_back(std::move(child)); }
 
 private:
-    std::string _presetGeometry;
-    boost::optional<Color> _fillColor;
+    template <typename Change>
+    void changeProps(Change change);
+
+    Kind _kind = Kind::Drawn;
+    SharedShapeStyle _style;
     SharedCellText _text;
+    boost::optional<Placeholder> _placeholder;
+    std::shared_ptr<const SlideProps> _slideProps;
     std::vector<std::unique_ptr<Frame>> _children; // no null entries
 };
 

@@ -9,6 +9,7 @@
 #include <DOM/Public/Export.h>
 #include <DOM/Public/ParagraphStyle.h>
 #include <DOM/Public/RunStyle.h>
+#include <DOM/Public/ShapeStyle.h>
 
 namespace QV::DOM {
 
@@ -31,10 +32,12 @@ public:
     SharedCellStyle getShared(const CellStyle& style);
     SharedRunStyle getShared(const RunStyle& style);
     SharedParagraphStyle getShared(const ParagraphStyle& style);
+    SharedShapeStyle getShared(const ShapeStyle& style);
 
     std::size_t getCellStylesCount() const { return _cellStyles.size(); }
     std::size_t getRunStylesCount() const { return _runStyles.size(); }
     std::size_t getParagraphStylesCount() const { return _paragraphStyles.size(); }
+    std::size_t getShapeStylesCount() const { return _shapeStyles.size(); }
 
 private:
     template <typename T>
@@ -64,6 +67,7 @@ private:
     Pool<CellStyle> _cellStyles;
     Pool<RunStyle> _runStyles;
     Pool<ParagraphStyle> _paragraphStyles;
+    Pool<ShapeStyle> _shapeStyles;
 };
 
 } // namespace QV::DOM

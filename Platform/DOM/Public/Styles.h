@@ -6,6 +6,7 @@
 #include <boost/container/map.hpp>
 
 #include <DOM/Public/Export.h>
+#include <DOM/Public/NamedShapeStyle.h>
 #include <DOM/Public/NamedTextStyle.h>
 #include <DOM/Public/ParaProps.h>
 #include <DOM/Public/ParagraphStyle.h>
@@ -24,6 +25,7 @@ class DOM_API Styles
 {
 public:
     using TextStyles = UUIDContainer<NamedTextStyle>;
+    using ShapeStyles = UUIDContainer<NamedShapeStyle>;
     using TableStyles = boost::container::map<UUID, NamedTableStyle>;
 
     Styles();
@@ -34,6 +36,10 @@ public:
 
     const TextStyles& getTextStyles() const { return _textStyles; }
     TextStyles& getTextStyles() { return _textStyles; }
+
+    /// Of a presentation: its masters and layouts.
+    const ShapeStyles& getShapeStyles() const { return _shapeStyles; }
+    ShapeStyles& getShapeStyles() { return _shapeStyles; }
 
     /// Each under its own identifier.
     const TableStyles& getTableStyles() const { return _tableStyles; }
@@ -53,6 +59,7 @@ public:
 
 private:
     TextStyles _textStyles;
+    ShapeStyles _shapeStyles;
     TableStyles _tableStyles;
     ParagraphStyle _defaultParagraphStyle;
     TableStyle _defaultTableStyle;

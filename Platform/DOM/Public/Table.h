@@ -16,6 +16,7 @@
 #include <DOM/Public/CellStyle.h>
 #include <DOM/Public/Export.h>
 #include <DOM/Public/Frame.h>
+#include <DOM/Public/GraphicalObject.h>
 #include <DOM/Public/PivotTable.h>
 #include <DOM/Public/StyledRange.h>
 #include <DOM/Public/TableCellIterator.h>
@@ -46,11 +47,11 @@ private:
     bool _isHidden = false;
 };
 
-/// A table of a text document, or a sheet of a workbook.
+/// A table of a text document, a sheet of a workbook, or a table in a frame of a slide.
 ///
 /// Cells exist where something put them; a table of any size without cells takes no room. Rows and columns
 /// that were not removed are live, and counted. One thread at a time.
-class DOM_API Table : public Block
+class DOM_API Table : public Block, public GraphicalObject
 {
 public:
     /// Columns [first, second) that share their properties.

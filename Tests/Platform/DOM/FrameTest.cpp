@@ -1,5 +1,6 @@
 #include <DOM/Public/Frame.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <DOM/Public/Anchors.h>
+#include <DOM/Public/Hyperlink.h>
 #include <DOM/Public/Shape.h>
 #include <cinder/Vector.h>
 
@@ -60,9 +62,18 @@ TEST(Frame, EqualsByEverythingItHolds)
         [](Frame& frame) { frame.setRotation(1); },
         [](Frame& frame) { frame.setFlippedHorizontally(true); },
         [](Frame& frame) { frame.setFlippedVertically(true); },
+        [](Frame& frame) { frame.setSpatialRotation(std::array<float, 3>{}); },
+        [](Frame& frame) { frame.setHidden(true); },
+        [](Frame& frame) { frame.setHyperlink(std::make_shared<Hyperlink>("")); },
+        [](Frame& frame) { frame.setDescription("a"); },
         [](Frame& frame) { frame.setName("a"); },
         [](Frame& frame) { frame.setGraphicalObject(std::make_unique<Picture>("", "")); },
     };
+    Frame linked;
+    linked.setHyperlink(std::make_shared<Hyperlink>("a"));
+    Frame alsoLinked;
+    alsoLinked.setHyperlink(std::make_shared<Hyperlink>("a"));
+    EXPECT_EQ(linked, alsoLinked) << "by where the link leads";
     const Frame frame;
     for (const auto& change : changes) {
         Frame other(frame);

@@ -28,6 +28,8 @@
 #include <DOM/Public/RunProps.h>
 #include <DOM/Public/RunStyle.h>
 #include <DOM/Public/Section.h>
+#include <DOM/Public/ShapeProps.h>
+#include <DOM/Public/ShapeStyle.h>
 #include <DOM/Public/SharedObjectFactory.h>
 #include <DOM/Public/TableOfContents.h>
 #include <DOM/Public/TrackChangesViewMode.h>
@@ -314,6 +316,24 @@ TEST(SharedObjectFactory, SharesParagraphStyles)
         EXPECT_EQ(factory.getRunStylesCount(), 0U);
     }
     EXPECT_EQ(kept->getParentUUID(), UUID(1, 1)) << "outlives its factory";
+}
+
+TEST(SharedObjectFactory, SharesShapeStyles)
+{
+    SharedShapeStyle kept;
+    {
+        SharedObjectFactory factory;
+        ShapeStyle style;
+        style.setParentUUID(UUID(1, 1));
+        kept = factory.getShared(style);
+        EXPECT_EQ(factory.getShared(ShapeStyle(style)), kept);
+        EXPECT_EQ(factory.getShapeStylesCount(), 1U);
+        style.setShapeProps(std::make_shared<ShapeProps>());
+        EXPECT_NE(factory.getShared(style), kept);
+        EXPECT_EQ(factory.getShapeStylesCount(), 2U);
+    }
+    EXPECT_EQ(kept->getParentUUID(), UUID(1, 1)) << "outlives its factory";
+    EXPECT_EQ(kept->use_count(), 1U);
 }
 
 TEST(TableOfContents, ListsStylesByLevelAndKeepsItsEntries)
