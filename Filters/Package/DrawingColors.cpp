@@ -1,86 +1,220 @@
 #include <Filters/Package/DrawingColors.h>
 
-#include <algorithm>
-#include <cmath>
 #include <string>
 
 #include <FilterUtils/FU_Colors.h>
 #include <FilterUtils/FU_Errors.h>
-#include <FilterUtils/FU_Lengths.h>
-#include <Filters/Package/ColorTint.h>
+#include <Filters/Package/ColorModifiers.h>
+#include <Filters/Package/ColorNames.h>
 #include <Filters/Package/Colors.h>
 #include <Filters/Package/DrawingElements.h>
+#include <Filters/Package/DrawingValues.h>
 #include <Utils/Public/OperationReport.h>
 
 namespace QV::Filters {
 namespace {
 
 using FilterUtils::XMLElement;
-using RGBA = DOM::Color::RGBA;
+using ColorSharesOpt = boost::optional<ColorShares>;
 
-XMLElement find(const XMLElement& parent, const char* name)
+constexpr double DegreesPerTurn = 360;
+constexpr const char* UnknownColorName = "Unknown color name {}";
+constexpr const char* PlaceholderName = "phClr";
+
+// The names that a mapping has, and what they usually are (ECMA-376 Part 1, 19.3.1.6).
+struct MappedName
 {
-    return findDrawingElement(parent, Vocabulary::Drawing, name);
+    const char* name;
+    const char* themeName;
+};
+constexpr MappedName MappedNames[] = {
+    {"bg1",      "lt1"     },
+    {"tx1",      "dk1"     },
+    {"bg2",      "lt2"     },
+    {"tx2",      "dk2"     },
+    {"accent1",  "accent1" },
+    {"accent2",  "accent2" },
+    {"accent3",  "accent3" },
+    {"accent4",  "accent4" },
+    {"accent5",  "accent5" },
+    {"accent6",  "accent6" },
+    {"hlink",    "hlink"   },
+    {"folHlink", "folHlink"},
+};
+
+/// The share of an attribute; 0 where there is none.
+double readColorPart(const XMLElement& color, const char* name, OperationReport& report)
+{
+    return readShare(color.getAttributeValue(name), report).value_or(0);
 }
 
-boost::optional<RGBA> readParts(const boost::optional<std::string>& text, OperationReport& report)
+ColorSharesOpt readHexadecimal(const boost::optional<std::string>& text, OperationReport& report)
 {
     if (!text)
         return boost::none;
     try {
-        return FilterUtils::convertToRGBColor(report, *text);
+        const auto rgba = FilterUtils::convertToRGBColor(report, *text);
+        return rgba ? boost::make_optional(makeShares(*rgba)) : boost::none;
     } catch (const BadNumCastError&) {
         report.emplace_back("Incorrect color: {0}", *text);
         return boost::none;
     }
 }
 
-boost::optional<double> readFraction(const XMLElement& color, const char* name, OperationReport& report)
+ColorSharesOpt takeNamed(
+    const boost::optional<DOM::Color::RGBA>& color, const std::string& name, OperationReport& report)
 {
-    const auto text = find(color, name).getAttributeValue("val");
-    return text ? FilterUtils::convertPercentage(report, *text) : boost::none;
+    if (color)
+        return makeShares(*color);
+    report.emplace_back(UnknownColorName, name);
+    return boost::none;
 }
 
-/// Luminance that is scaled down, or moved towards white by what was scaled away, is a tint.
-boost::optional<RGBA> change(const RGBA& base, const XMLElement& color, OperationReport& report)
+ColorSharesOpt readHexadecimalColor(const XMLElement& color, const ColorScheme&, OperationReport& report)
 {
-    for (const char* const other :
-        {"shade", "tint", "satMod", "satOff", "hueMod", "hueOff", "inv", "comp", "gray"})
-        if (find(color, other).isValid())
-            return boost::none;
-    RGBA result = base;
-    const auto scale = readFraction(color, "lumMod", report);
-    const auto offset = readFraction(color, "lumOff", report);
-    if (scale || offset) {
-        const double rest = 1 - std::clamp(scale.value_or(1), 0.0, 1.0);
-        const bool isLighter = offset.value_or(0) > 0;
-        if (isLighter && std::fabs(*offset - rest) > 1e-9)
-            return boost::none;
-        result = applyTint(base, isLighter ? rest : -rest);
-    }
-    if (const auto alpha = readFraction(color, "alpha", report))
-        result.a = static_cast<unsigned char>(std::lround(std::clamp(*alpha, 0.0, 1.0) * 255));
-    return result;
+    return readHexadecimal(color.getAttributeValue("val"), report);
+}
+
+ColorSharesOpt readLinearColor(const XMLElement& color, const ColorScheme&, OperationReport& report)
+{
+    const double red = readColorPart(color, "r", report);
+    const double green = readColorPart(color, "g", report);
+    return makeSharesFromLinear(red, green, readColorPart(color, "b", report));
+}
+
+ColorSharesOpt readHslColor(const XMLElement& color, const ColorScheme&, OperationReport& report)
+{
+    const double hue = readAngle(color.getAttributeValue("hue"), report).value_or(0) / DegreesPerTurn;
+    const double saturation = readColorPart(color, "sat", report);
+    return makeSharesFromHsl(hue, saturation, readColorPart(color, "lum", report));
+}
+
+ColorSharesOpt readPresetColor(const XMLElement& color, const ColorScheme&, OperationReport& report)
+{
+    const auto name = color.getAttributeValue("val");
+    return name ? takeNamed(findPresetColor(*name), *name, report) : boost::none;
+}
+
+/// What the system had last, or usually has.
+ColorSharesOpt readSystemColor(const XMLElement& color, const ColorScheme&, OperationReport& report)
+{
+    if (const auto last = readHexadecimal(color.getAttributeValue("lastClr"), report))
+        return last;
+    const auto name = color.getAttributeValue("val");
+    return name ? takeNamed(findSystemColor(*name), *name, report) : boost::none;
+}
+
+ColorSharesOpt readSchemeColor(const XMLElement& color, const ColorScheme& scheme, OperationReport& report)
+{
+    const auto name = color.getAttributeValue("val");
+    if (!name)
+        return boost::none;
+    const auto rgba = scheme.findColor(*name);
+    if (!rgba && *name == PlaceholderName)
+        return boost::none;
+    return takeNamed(rgba, *name, report);
+}
+
+struct ColorForm
+{
+    const char* name;
+    ColorSharesOpt (*read)(const XMLElement& color, const ColorScheme& scheme, OperationReport& report);
+};
+constexpr ColorForm ColorForms[] = {
+    {"srgbClr",   readHexadecimalColor},
+    {"scrgbClr",  readLinearColor     },
+    {"hslClr",    readHslColor        },
+    {"prstClr",   readPresetColor     },
+    {"sysClr",    readSystemColor     },
+    {"schemeClr", readSchemeColor     },
+};
+
+/// One that cannot be read changes nothing.
+void applyModifierElement(
+    const std::string& name, const XMLElement& modifier, ColorShares& color, OperationReport& report)
+{
+    const auto kind = findModifierValue(name);
+    if (!kind)
+        return;
+    boost::optional<double> value = 0;
+    if (*kind == ModifierValue::Share)
+        value = readShare(modifier.getAttributeValue("val"), report);
+    else if (*kind == ModifierValue::Angle)
+        value = readAngle(modifier.getAttributeValue("val"), report);
+    if (value)
+        applyColorModifier(name, *kind == ModifierValue::Angle ? *value / DegreesPerTurn : *value, color);
+}
+
+boost::optional<DOM::Color> readColorForm(
+    const ColorForm& form, const XMLElement& color, const ColorScheme& scheme, OperationReport& report)
+{
+    ColorSharesOpt shares = form.read(color, scheme, report);
+    if (!shares)
+        return boost::none;
+    forEachDrawingElement(
+        color, Vocabulary::Drawing, [&](const std::string& name, const XMLElement& modifier) {
+            applyModifierElement(name, modifier, *shares, report);
+        });
+    return DOM::Color(roundShares(*shares));
 }
 
 } // namespace
 
+ColorScheme::ColorScheme(const Colors& theme)
+    : _theme(&theme)
+{
+    for (const MappedName& mapped : MappedNames)
+        _mapping.emplace(mapped.name, mapped.themeName);
+}
+
+void ColorScheme::readMapping(const XMLElement& mapping)
+{
+    for (const MappedName& mapped : MappedNames) {
+        const auto themeName = mapping.getAttributeValue(mapped.name);
+        if (themeName && _theme->findThemeColor(*themeName)) // to what no theme has counts as none
+            _mapping[mapped.name] = *themeName;
+    }
+}
+
+ColorScheme ColorScheme::withPlaceholderColor(const boost::optional<DOM::Color>& color) const
+{
+    ColorScheme scheme = *this;
+    scheme._placeholderColor = color;
+    return scheme;
+}
+
+boost::optional<DOM::Color::RGBA> ColorScheme::findColor(const std::string& name) const
+{
+    if (name == PlaceholderName)
+        return _placeholderColor ? boost::make_optional(_placeholderColor->getRGBA()) : boost::none;
+    const auto mapped = _mapping.find(name);
+    return _theme->findThemeColor(mapped != _mapping.end() ? mapped->second : name);
+}
+
+boost::optional<DOM::Color> readDrawingColor(
+    const XMLElement& element, const ColorScheme& scheme, OperationReport& report)
+{
+    for (const ColorForm& form : ColorForms) {
+        const XMLElement color = findDrawingElement(element, Vocabulary::Drawing, form.name);
+        if (color.isValid())
+            return readColorForm(form, color, scheme, report);
+    }
+    return boost::none;
+}
+
 boost::optional<DOM::Color> readDrawingColor(
     const XMLElement& element, const Colors& colors, OperationReport& report)
 {
-    const XMLElement parts = find(element, "srgbClr");
-    const XMLElement system = find(element, "sysClr");
-    const XMLElement scheme = find(element, "schemeClr");
-    const XMLElement color = parts.isValid() ? parts : system.isValid() ? system : scheme;
-    boost::optional<RGBA> base = readParts(parts.getAttributeValue("val"), report);
-    if (!parts.isValid())
-        base = readParts(system.getAttributeValue("lastClr"), report);
-    if (color == scheme) {
-        const auto name = scheme.getAttributeValue("val");
-        base = name ? colors.findThemeColor(*name) : boost::none;
-    }
-    const auto changed = base ? change(*base, color, report) : boost::none;
-    return changed ? boost::make_optional(DOM::Color(*changed)) : boost::none;
+    return readDrawingColor(element, ColorScheme(colors), report);
+}
+
+boost::optional<DOM::Color> readColorElement(
+    const std::string& name, const XMLElement& color, const ColorScheme& scheme, OperationReport& report)
+{
+    for (const ColorForm& form : ColorForms)
+        if (name == form.name)
+            return readColorForm(form, color, scheme, report);
+    return boost::none;
 }
 
 } // namespace QV::Filters

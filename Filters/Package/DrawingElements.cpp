@@ -90,6 +90,31 @@ XMLElement findDrawingElement(const XMLElement& parent, Vocabulary vocabulary, c
     return usual.isValid() ? usual : parent.getElement(Names(Dialect::Strict)(vocabulary, name));
 }
 
+unsigned countDrawingElements(const XMLElement& element, unsigned max)
+{
+    unsigned count = 1;
+    element.processAllElements([&](const std::string&, const XMLElement& child) {
+        if (count <= max)
+            count += countDrawingElements(child, max - count);
+    });
+    return count;
+}
+
+void forEachDrawingElement(const XMLElement& parent, Vocabulary vocabulary,
+    const std::function<void(const std::string& name, const XMLElement& child)>& function)
+{
+    const std::string usual = Names(Dialect::Transitional)(vocabulary, {});
+    const std::string strict = Names(Dialect::Strict)(vocabulary, {});
+    parent.processAllElements([&](const std::string& name, const XMLElement& child) {
+        for (const std::string& prefix : {usual, strict})
+            if (name.size() > prefix.size() && name.compare(0, prefix.size(), prefix) == 0 &&
+                name.find(':', prefix.size()) == std::string::npos) {
+                function(name.substr(prefix.size()), child);
+                return;
+            }
+    });
+}
+
 boost::optional<float> readCoordinate(const std::string& text, OperationReport& report)
 {
     const bool isInPixels = boost::algorithm::ends_with(text, "px"); // which have no length of their own

@@ -3,6 +3,7 @@
 /// @file
 /// Values of drawings: places, sizes and transforms, from elements in either dialect.
 
+#include <functional>
 #include <string>
 
 #include <Utils/Public/Size2D.h>
@@ -24,6 +25,14 @@ namespace QV::Filters {
 /// The first child of that name in either dialect, or the invalid view.
 FILTERS_API FilterUtils::XMLElement findDrawingElement(
     const FilterUtils::XMLElement& parent, Vocabulary vocabulary, const char* name);
+
+/// Calls @p function for each child of that vocabulary in either dialect, in document order, with its local
+/// name.
+FILTERS_API void forEachDrawingElement(const FilterUtils::XMLElement& parent, Vocabulary vocabulary,
+    const std::function<void(const std::string& name, const FilterUtils::XMLElement& child)>& function);
+
+/// How many elements there are with all below; counted as far as one more than @p max.
+FILTERS_API unsigned countDrawingElements(const FilterUtils::XMLElement& element, unsigned max);
 
 /// Reads a coordinate: a whole number of EMU, or a length with its unit.
 ///

@@ -14,6 +14,7 @@
 #include <FilterUtils/FU_GeometryParserUtils.h>
 #include <FilterUtils/FU_TableDimensionsInfo.h>
 #include <Filters/Package/FilterRun.h>
+#include <Filters/Package/GroupScale.h>
 #include <Filters/Package/Relationships.h>
 #include <Filters/Spreadsheet/DrawingMessages.h>
 #include <Filters/Spreadsheet/DrawingPlaces.h>

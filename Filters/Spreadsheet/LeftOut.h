@@ -6,8 +6,6 @@
 namespace QV::Filters::LeftOut {
 
 constexpr const char* AlternateSheets = "chart, dialog and macro sheets";
-constexpr const char* BubbleSizes = "sizes of bubbles in charts";
-constexpr const char* ChartFormats = "axes, legends and formatting of charts";
 constexpr const char* Comments = "comments";
 constexpr const char* ConditionalFormats = "conditional formats";
 constexpr const char* DataConnections = "data connections";

@@ -11,6 +11,7 @@
 #include <DOM/Public/Document.h>
 #include <DOM/Public/Table.h>
 #include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Package/ChartReader.h>
 #include <Filters/Package/Colors.h>
 #include <Filters/Package/ContentTypes.h>
 #include <Filters/Package/FilterRun.h>
@@ -21,7 +22,6 @@
 #include <Filters/Package/XmlParts.h>
 #include <Filters/Spreadsheet/CellFormats.h>
 #include <Filters/Spreadsheet/CellFormulas.h>
-#include <Filters/Spreadsheet/ChartReader.h>
 #include <Filters/Spreadsheet/ColumnWidths.h>
 #include <Filters/Spreadsheet/DefinedNames.h>
 #include <Filters/Spreadsheet/DrawingImport.h>

@@ -7,7 +7,7 @@
 #include <DOM/Public/PredefinedStyleName.h>
 #include <DOM/Public/PredefinedTextStyles.h>
 #include <FilterUtils/FU_TableOfContentsLevelsFiller.h>
-#include <Filters/Text/SymbolFonts.h>
+#include <Filters/Package/SymbolFonts.h>
 #include <Filters/Text/TextContext.h>
 #include <Filters/Text/TextFormats.h>
 #include <Filters/Text/TextStyles.h>

@@ -9,10 +9,10 @@
 #include <DOM/Public/Properties.h>
 #include <DOM/Public/RunProps.h>
 #include <Filters/Package/Namespaces.h>
+#include <Filters/Package/SymbolFonts.h>
 #include <Filters/Package/Utf8Cut.h>
 #include <Filters/Text/FormatReader.h>
 #include <Filters/Text/FormatValues.h>
-#include <Filters/Text/SymbolFonts.h>
 
 namespace QV::Filters {
 namespace {

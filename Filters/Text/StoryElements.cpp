@@ -13,9 +13,9 @@
 #include <DOM/Public/Run.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Relationships.h>
+#include <Filters/Package/SymbolFonts.h>
 #include <Filters/Text/StoryHandler.h>
 #include <Filters/Text/StoryRuns.h>
-#include <Filters/Text/SymbolFonts.h>
 #include <Filters/Text/TextContext.h>
 #include <Filters/Text/TextLeftOut.h>
 #include <Filters/Text/TextWords.h>

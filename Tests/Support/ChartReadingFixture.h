@@ -11,9 +11,9 @@
 #include <DOM/Public/ChartSpace.h>
 #include <Filters/ModelJson/ChartJson.h>
 #include <Filters/ModelJson/JsonWriter.h>
+#include <Filters/Package/ChartReader.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Package.h>
-#include <Filters/Spreadsheet/ChartReader.h>
 #include <Formulas/Public/TableContext.h>
 #include <Tests/Support/Printers.h>
 #include <Tests/Support/XercesEnvironment.h>

@@ -1,6 +1,5 @@
 #include <Filters/Package/DrawingElements.h>
 
-#include <cstddef>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -9,8 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <FilterUtils/FU_XMLElement.h>
-#include <Filters/Package/Colors.h>
-#include <Filters/Package/DrawingColors.h>
 #include <Utils/Public/OperationReport.h>
 
 #include <Tests/Support/FrameBuilder.h>
@@ -161,61 +158,6 @@ TEST(ReadTransform, HasNoBoxWithoutBothOfItsParts)
     EXPECT_EQ(readTransform(parse("", "rot='x'"), report).rotation, 0);
     EXPECT_EQ(getOnlyMessage(report), "Drawing rotation x is none");
 }
-
-struct ColorRow
-{
-    const char* name;
-    const char* content;
-    const char* rgba; // empty: none
-    std::size_t messages;
-};
-
-void PrintTo(const ColorRow& row, std::ostream* out)
-{
-    *out << row.content;
-}
-
-const ColorRow ColorRows[] = {
-    {"Parts",               "<a:srgbClr val='0A141E'/>",                                                           "10 20 30 255",    0},
-    {"Opacity",             "<a:srgbClr val='0A141E'><a:alpha val='50000'/></a:srgbClr>",                          "10 20 30 128",    0},
-    {"OpacityBeyond",       "<a:srgbClr val='0A141E'><a:alpha val='-1%'/></a:srgbClr>",                            "10 20 30 0",      0},
-    {"System",              "<a:sysClr val='window' lastClr='FFFFFF'/>",                                           "255 255 255 255", 0},
-    {"Theme",               "<a:schemeClr val='accent1'/>",                                                        "79 129 189 255",  0},
-    {"ThemeByAlias",        "<a:schemeClr val='bg1'/>",                                                            "255 255 255 255", 0},
-    {"ThemeByItsOwnName",   "<a:schemeClr val='lt1'/>",                                                            "255 255 255 255", 0},
-    {"Darker",              "<a:schemeClr val='bg1'><a:lumMod val='50000'/></a:schemeClr>",                        "128 128 128 255", 0},
-    {"Lighter",             "<a:schemeClr val='tx1'><a:lumMod val='50000'/><a:lumOff val='50000'/></a:schemeClr>",
-     "128 128 128 255",                                                                                                               0},
-    {"OddLuminance",        "<a:schemeClr val='tx1'><a:lumOff val='50000'/></a:schemeClr>",                        "",                0},
-    {"Shade",               "<a:schemeClr val='accent1'><a:shade val='50000'/></a:schemeClr>",                     "",                0},
-    {"PlaceholderOfATheme", "<a:schemeClr val='phClr'/>",                                                          "",                0},
-    {"Preset",              "<a:prstClr val='red'/>",                                                              "",                0},
-    {"NoParts",             "<a:srgbClr/>",                                                                        "",                0},
-    {"BadParts",            "<a:srgbClr val='red'/>",                                                              "",                1},
-    {"HugeParts",           "<a:srgbClr val='FFFFFFFFFF'/>",                                                       "",                1},
-    {"BadOpacity",          "<a:srgbClr val='0A141E'><a:alpha val='x'/></a:srgbClr>",                              "10 20 30 255",    1},
-    {"Nothing",             "",                                                                                    "",                0},
-};
-
-class ReadDrawingColor : public testing::TestWithParam<ColorRow>
-{
-};
-
-TEST_P(ReadDrawingColor, KeepsRow)
-{
-    const ColorRow& row = GetParam();
-    OperationReport report;
-    std::ostringstream text;
-    if (const auto color = readDrawingColor(parse(row.content), Colors(), report)) {
-        const DOM::Color::RGBA& rgba = color->getRGBA();
-        text << int(rgba.r) << ' ' << int(rgba.g) << ' ' << int(rgba.b) << ' ' << int(rgba.a);
-    }
-    EXPECT_EQ(text.str(), row.rgba);
-    EXPECT_EQ(report.getMessages().size(), row.messages);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, ReadDrawingColor, testing::ValuesIn(ColorRows),
-    [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace
 } // namespace QV::Filters

@@ -1,4 +1,4 @@
-#include <Filters/Spreadsheet/ChartSeriesReader.h>
+#include <Filters/Package/ChartSeriesReader.h>
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 #include <utility>
 
 #include <DOM/Public/FormulaSyntaxTree.h>
-#include <Filters/Spreadsheet/ChartReport.h>
+#include <Filters/Package/ChartReport.h>
 #include <Formulas/Public/FormulaText.h>
 #include <OfficeUtils/Public/NumberParsing.h>
 #include <Utils/Public/NumberText.h>

@@ -1,4 +1,4 @@
-#include <Filters/Spreadsheet/ChartReader.h>
+#include <Filters/Package/ChartReader.h>
 
 #include <cstddef>
 #include <utility>
@@ -6,13 +6,13 @@
 
 #include <FilterUtils/FU_ChartQueries.h>
 #include <FilterUtils/FU_XMLElement.h>
+#include <Filters/Package/ChartLeftOut.h>
+#include <Filters/Package/ChartReport.h>
+#include <Filters/Package/ChartSeriesReader.h>
+#include <Filters/Package/ChartTitleText.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/Namespaces.h>
 #include <Filters/Package/XmlParts.h>
-#include <Filters/Spreadsheet/ChartReport.h>
-#include <Filters/Spreadsheet/ChartSeriesReader.h>
-#include <Filters/Spreadsheet/ChartTitleText.h>
-#include <Filters/Spreadsheet/LeftOut.h>
 #include <Formulas/Public/TableContext.h> // getValidChartSeries takes one
 #include <Utils/Public/OperationReport.h>
 #include <Utils/Public/ReadonlyVector.h>
@@ -105,7 +105,7 @@ public:
                 space->getPlotArea().appendChart(readOneChart(element, type.second));
             });
         space->setTitle(readTitle(chart, space->getPlotArea()));
-        _run.leaveOut(LeftOut::ChartFormats);
+        _run.leaveOut(ChartLeftOut::ChartFormats);
         return space;
     }
 
@@ -139,7 +139,7 @@ private:
             return;
         }
         if (getChild(element, "bubbleSize").isValid())
-            _run.leaveOut(LeftOut::BubbleSizes);
+            _run.leaveOut(ChartLeftOut::BubbleSizes);
         ReadSeries read = _seriesReader.read(element);
         auto series = keepValid(std::move(read.series));
         if (!series)

@@ -1,4 +1,4 @@
-#include <Filters/Text/SymbolFonts.h>
+#include <Filters/Package/SymbolFonts.h>
 
 #include <cstdint>
 #include <ostream>

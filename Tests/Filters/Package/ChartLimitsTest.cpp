@@ -1,4 +1,4 @@
-#include <Filters/Spreadsheet/ChartReader.h>
+#include <Filters/Package/ChartReader.h>
 
 #include <string>
 #include <vector>

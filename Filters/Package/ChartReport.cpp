@@ -1,4 +1,4 @@
-#include <Filters/Spreadsheet/ChartReport.h>
+#include <Filters/Package/ChartReport.h>
 
 #include <utility>
 

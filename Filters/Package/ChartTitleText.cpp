@@ -1,4 +1,4 @@
-#include <Filters/Spreadsheet/ChartTitleText.h>
+#include <Filters/Package/ChartTitleText.h>
 
 #include <FilterUtils/FU_XMLStreamReader.h>
 #include <Filters/Package/Namespaces.h>
