@@ -1,8 +1,8 @@
 #include <Filters/DocumentImport.h>
 
 #include <Filters/Package/ContentTypes.h>
-#include <Filters/Package/PackageError.h>
 #include <Filters/Package/Relationships.h>
+#include <Filters/Presentation/PresentationImport.h>
 #include <Filters/Spreadsheet/SpreadsheetImport.h>
 #include <Filters/Text/TextImport.h>
 #include <Utils/Public/OperationReport.h>
@@ -22,8 +22,8 @@ DocumentKind importDocument(Package& package, FilterRun& run)
         importText(package, run);
         break;
     case DocumentKind::Presentation:
-        throw PackageError(PackageError::Kind::Unsupported,
-            "a presentation; only workbooks and text documents can be read", mainPart.name);
+        importPresentation(package, run);
+        break;
     }
     return mainPart.kind;
 }

@@ -11,8 +11,8 @@ class Package;
 /// Reads the document of a package into the run's document, whatever its kind. What is wrong in a part other
 /// than the main one is reported to the run.
 ///
-/// Throws PackageError where the package holds no document that can be read, such as a presentation, or is
-/// refused; the document may hold a part of the content then.
+/// Throws PackageError where the package holds no document, or is refused; the document may hold a part of
+/// the content then.
 FILTERS_API DocumentKind importDocument(Package& package, FilterRun& run);
 
 } // namespace QV::Filters

@@ -8,6 +8,7 @@ import pathlib
 import sys
 import zipfile
 
+import deck
 import orders
 import report
 from package_parts import (STRICT, STRICT_RELATIONS, inline, merges, number, row, shared, typed, workbook,
@@ -82,6 +83,7 @@ def bad_values():
 SAMPLES = {
     "orders.xlsx": orders.parts,
     "report.docx": report.parts,
+    "deck.pptx": deck.parts,
     "strict.xlsx": strict,
     "no-refs.xlsx": no_refs,
     "date1904.xlsx": date1904,

@@ -12,6 +12,7 @@
 #include <DocumentOutput.h>
 #include <Filters/Convert/Markdown.h>
 #include <Filters/Convert/PlainText.h>
+#include <Filters/Convert/SlidesText.h>
 #include <Filters/DocumentImport.h>
 #include <Filters/ModelJson/ReportJson.h>
 #include <Filters/Package/FilterRun.h>
@@ -47,14 +48,16 @@ std::string makeMediaLink(const ConvertArguments& arguments)
 void writeAs(const std::string& extension, Filters::DocumentKind kind, const ConvertArguments& arguments,
     Filters::FilterRun& run, std::ostream& out)
 {
+    const bool isPresentation = kind == Filters::DocumentKind::Presentation;
     if (extension == ".html")
         writePage(kind, run, makeTitle(arguments.file), out);
     else if (extension == ".json")
         writeModelJson(kind, run, out);
     else if (extension == ".txt")
-        Filters::writePlainText(run.getDocument(), out);
+        (isPresentation ? Filters::writeSlidesPlainText : Filters::writePlainText)(run.getDocument(), out);
     else
-        Filters::writeMarkdown(run.getDocument(), makeMediaLink(arguments), out);
+        (isPresentation ? Filters::writeSlidesMarkdown : Filters::writeMarkdown)(
+            run.getDocument(), makeMediaLink(arguments), out);
 }
 
 } // namespace
@@ -79,7 +82,7 @@ void runConvert(const ConvertArguments& arguments)
     options.mediaMemory = extension == ".html" ? PageMemory : 0;
     Filters::FilterRun run(options);
     const Filters::DocumentKind kind = Filters::importDocument(package, run);
-    if (kind != Filters::DocumentKind::Text && extension != ".html" && extension != ".json")
+    if (kind == Filters::DocumentKind::Spreadsheet && extension != ".html" && extension != ".json")
         throw UsageError("a workbook cannot be converted to " + extension + ", only to .html and .json");
 
     OutputFile output(arguments.output);

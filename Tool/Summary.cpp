@@ -15,6 +15,7 @@
 #include <DOM/Public/Table.h>
 #include <Filters/Package/FilterRun.h>
 #include <Filters/Package/PackageError.h>
+#include <SlidesSummary.h>
 #include <TextSummary.h>
 #include <Utils/Public/OperationReport.h>
 
@@ -135,10 +136,17 @@ void writeMessages(const OperationReport& report, std::ostream& out)
 void writeSummary(
     const std::string& name, Filters::DocumentKind kind, const Filters::FilterRun& run, std::ostream& out)
 {
-    if (kind == Filters::DocumentKind::Text)
-        writeTextSummary(name, run.getDocument(), out);
-    else
+    switch (kind) {
+    case Filters::DocumentKind::Spreadsheet:
         writeWorkbookSummary(name, run, out);
+        break;
+    case Filters::DocumentKind::Text:
+        writeTextSummary(name, run.getDocument(), out);
+        break;
+    case Filters::DocumentKind::Presentation:
+        writeSlidesSummary(name, run.getDocument(), out);
+        break;
+    }
     std::vector<std::string> links;
     for (const std::string& link : run.getLinks())
         links.push_back(Filters::makePrintable(link));

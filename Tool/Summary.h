@@ -14,8 +14,8 @@ class FilterRun;
 
 namespace QV::Tool {
 
-/// Tells a person what came in: the sheets or what a text holds, how it begins, what was left out, and the
-/// messages in groups.
+/// Tells a person what came in: the sheets, what a text holds or what the slides show, how it begins, what
+/// was left out, and the messages in groups.
 void writeSummary(
     const std::string& name, Filters::DocumentKind kind, const Filters::FilterRun& run, std::ostream& out);
 

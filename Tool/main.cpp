@@ -52,8 +52,8 @@ bool isSameFile(const std::string& left, const std::string& right)
 
 void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
 {
-    CLI::App* const command = app.add_subcommand(
-        "import", "Read a workbook or a text document; without --model or --report, print a summary");
+    CLI::App* const command = app.add_subcommand("import",
+        "Read a workbook, text document or presentation; without --model or --report, print a summary");
     command->add_option("FILE", arguments.file, "The document; - is standard input")->required();
     command->add_option("--model", arguments.model, "Write the model as JSON; - is standard output");
     command->add_option("--report", arguments.report, "Write the messages as JSON; - is standard output");
@@ -79,7 +79,7 @@ void addImport(CLI::App& app, QV::Tool::ImportArguments& arguments)
 void addConvert(CLI::App& app, QV::Tool::ConvertArguments& arguments)
 {
     CLI::App* const command = app.add_subcommand("convert",
-        "Write a document in another format: .txt and .md (text documents), .html, .json (the model)");
+        "Write a document in another format: .txt and .md (not of workbooks), .html, .json (the model)");
     command->add_option("IN", arguments.file, "The document; - is standard input")->required();
     command->add_option("OUT", arguments.output, "The output; its extension tells the format")->required();
     command->add_option("--media", arguments.media, "Keep pictures in this folder");
@@ -100,7 +100,7 @@ void addConvert(CLI::App& app, QV::Tool::ConvertArguments& arguments)
 void addPreview(CLI::App& app, QV::Tool::PreviewArguments& arguments)
 {
     CLI::App* const command =
-        app.add_subcommand("preview", "Write a workbook or a text document as one page of HTML");
+        app.add_subcommand("preview", "Write a workbook, text document or presentation as one page of HTML");
     command->add_option("FILE", arguments.file, "The document; - is standard input")->required();
     command->add_option("-o,--output", arguments.output, "The page; - is standard output")->required();
     command->add_flag(

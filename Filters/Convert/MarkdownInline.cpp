@@ -101,7 +101,7 @@ MarkdownInline::Look MarkdownInline::makeLook(
     return look;
 }
 
-std::string MarkdownInline::writePicture(const DOM::Frame& frame) const
+std::string MarkdownInline::writePicture(const DOM::Frame& frame, const std::string& description) const
 {
     const auto* const picture = dynamic_cast<const DOM::Picture*>(frame.getGraphicalObject());
     if (!picture)
@@ -109,8 +109,8 @@ std::string MarkdownInline::writePicture(const DOM::Frame& frame) const
     const std::string name = escapeMarkdown(frame.getName().empty() ? "picture" : frame.getName());
     if (_mediaFolder.empty())
         return "\\[" + name + "\\]";
-    return fmt::format(
-        "![{}]({})", name, quoteMarkdownTarget(makeMarkdownPath(_mediaFolder, picture->getMediaId())));
+    return fmt::format("![{}]({})", description.empty() ? name : escapeMarkdown(description),
+        quoteMarkdownTarget(makeMarkdownPath(_mediaFolder, picture->getMediaId())));
 }
 
 std::string MarkdownInline::writeRun(const DOM::Run& run, std::vector<const DOM::Frame*>& shapes) const
@@ -125,7 +125,7 @@ std::string MarkdownInline::writeRun(const DOM::Run& run, std::vector<const DOM:
     if (drawing && drawing->getFrame()) {
         if (dynamic_cast<const DOM::Shape*>(drawing->getFrame()->getGraphicalObject()))
             shapes.push_back(drawing->getFrame().get());
-        return writePicture(*drawing->getFrame());
+        return writePicture(*drawing->getFrame(), {});
     }
     return escapeMarkdown(getRunText(run));
 }

@@ -59,6 +59,11 @@ public:
     std::string write(const DOM::Paragraph& paragraph, const CellScope& scope, MarkdownPlace place,
         std::vector<const DOM::Frame*>& shapes);
 
+    /// The picture that a frame shows; empty where it shows none. Where there is no media folder, the frame's
+    /// name in brackets.
+    /// @param description stands in for the picture; the frame's name does where it is empty
+    std::string writePicture(const DOM::Frame& frame, const std::string& description) const;
+
     /// What belongs at the end of the text.
     const std::string& getLinkDefinitions() const { return _links.getDefinitions(); }
 
@@ -79,7 +84,6 @@ private:
 
     Look makeLook(const DOM::Run& run, const DOM::RunProps& props, MarkdownPlace place) const;
     std::string writeRun(const DOM::Run& run, std::vector<const DOM::Frame*>& shapes) const;
-    std::string writePicture(const DOM::Frame& frame) const;
 
     EffectiveFormats& _formats;
     const NoteNumbers& _notes;

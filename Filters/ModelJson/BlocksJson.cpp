@@ -23,6 +23,7 @@
 #include <Filters/ModelJson/RunsJson.h>
 #include <Filters/ModelJson/StylesJson.h>
 #include <Filters/ModelJson/TextJsonState.h>
+#include <Filters/Package/CoveredCells.h>
 #include <Filters/Package/EffectiveFormats.h>
 #include <Filters/Package/ListLabels.h>
 #include <Filters/Package/SeenText.h>
@@ -96,9 +97,7 @@ void BlocksWriter::writeParagraph(const DOM::Paragraph& paragraph, const CellSco
         writeShortMember("style", DOM::getStyleNameText(*style), _json);
     const DOM::ParaProps& props = formats.getParaProps(paragraph, scope);
     const boost::optional<unsigned long> outlineLevel = props.getOutlineLevel();
-    if (props.getAlignment())
-        if (const char* const name = AlignmentNames[static_cast<std::size_t>(*props.getAlignment())])
-            _json.writeMember("alignment", name);
+    writeAlignmentMember(props, _json);
     _json.writeMember("text", getSeenText(paragraph, formats, scope));
     writeNumbering(paragraph, scope);
     writeBookmarks(paragraph);
@@ -185,34 +184,6 @@ void BlocksWriter::writeTable(const DOM::Table& table)
     _json.endArray();
 }
 
-/// Which cells of a table those before them cover, asked row by row and from left to right.
-class CoveredCells
-{
-public:
-    bool isCovered(unsigned long row, unsigned long column) const
-    {
-        const bool isInSpan = row == _spanRow && column < _spanEnd;
-        return isInSpan || (column < _rowEnds.size() && row < _rowEnds[column]);
-    }
-
-    void add(unsigned long row, unsigned long column, const DOM::MergeProps& merge)
-    {
-        _spanRow = row;
-        _spanEnd = column + 1 + merge.getCapturedColsCount();
-        if (merge.getCapturedRowsCount() == 0)
-            return;
-        if (_rowEnds.size() < _spanEnd)
-            _rowEnds.resize(_spanEnd);
-        for (unsigned long i = column; i < _spanEnd; ++i)
-            _rowEnds[i] = row + 1 + merge.getCapturedRowsCount();
-    }
-
-private:
-    std::vector<unsigned long> _rowEnds; // by column: the row below the last merge that reaches down
-    unsigned long _spanRow = 0;          // of the last cell
-    unsigned long _spanEnd = 0;          // the column behind it
-};
-
 void BlocksWriter::writeTableRows(const DOM::Table& table)
 {
     CoveredCells covered;
@@ -273,6 +244,14 @@ void BlocksWriter::writeContents(const DOM::TableOfContents& contents, const Cel
 }
 
 } // namespace
+
+void writeAlignmentMember(const DOM::ParaProps& props, JsonWriter& json)
+{
+    if (!props.getAlignment())
+        return;
+    if (const char* const name = AlignmentNames[static_cast<std::size_t>(*props.getAlignment())])
+        json.writeMember("alignment", name);
+}
 
 void writeBlockJson(const DOM::Block& block, ListLabels& labels, TextJsonState& state)
 {

@@ -7,9 +7,11 @@
 #include <vector>
 
 #include <DOM/Public/Block.h>
+#include <DOM/Public/ParaProps.h>
 
 namespace QV::Filters {
 
+class JsonWriter;
 class ListLabels;
 class TextJsonState;
 
@@ -19,5 +21,8 @@ void writeBlockJson(const DOM::Block& block, ListLabels& labels, TextJsonState& 
 
 /// Writes an array with the blocks of a story of its own, whose lists are counted apart.
 void writeStoryJson(const std::vector<std::unique_ptr<DOM::Block>>& blocks, TextJsonState& state);
+
+/// Writes "alignment" where these properties have one that means something in a text.
+void writeAlignmentMember(const DOM::ParaProps& props, JsonWriter& json);
 
 } // namespace QV::Filters

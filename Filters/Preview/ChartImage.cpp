@@ -269,16 +269,27 @@ private:
             if (share == 0)
                 continue;
             const double end = begin + std::min(share, 0.9999) * Turn; // a whole circle has no corners
-            _svg +=
-                fmt::format("<path d=\"M{:.1f} {:.1f}L{:.1f} {:.1f}A{:.1f} {:.1f} 0 {} 1 {:.1f} {:.1f}Z\" "
-                            "fill=\"{}\" stroke=\"#fff\"/>",
-                    x, y, x + radius * std::sin(begin), y - radius * std::cos(begin), radius, radius,
-                    share > 0.5 ? 1 : 0, x + radius * std::sin(end), y - radius * std::cos(end), getColor(i));
+            drawSlice(x, y, radius, begin, end, getColor(i));
             begin = end;
         }
-        if (_type == DOM::ChartType::Doughnut)
-            _svg += fmt::format(
-                "<circle cx=\"{:.1f}\" cy=\"{:.1f}\" r=\"{:.1f}\" fill=\"#fff\"/>", x, y, radius / 2);
+    }
+
+    /// @param begin, end in radians clockwise from the top
+    void drawSlice(double x, double y, double radius, double begin, double end, const char* color)
+    {
+        constexpr double HalfTurn = 3.141592653589793;
+        const int isLarge = end - begin > HalfTurn ? 1 : 0;
+        const std::string outer = fmt::format("{:.1f} {:.1f}A{:.1f} {:.1f} 0 {} 1 {:.1f} {:.1f}",
+            x + radius * std::sin(begin), y - radius * std::cos(begin), radius, radius, isLarge,
+            x + radius * std::sin(end), y - radius * std::cos(end));
+        const double inner = radius / 2;
+        const std::string path =
+            _type == DOM::ChartType::Doughnut
+                ? fmt::format("M{}L{:.1f} {:.1f}A{:.1f} {:.1f} 0 {} 0 {:.1f} {:.1f}Z", outer,
+                      x + inner * std::sin(end), y - inner * std::cos(end), inner, inner, isLarge,
+                      x + inner * std::sin(begin), y - inner * std::cos(begin))
+                : fmt::format("M{:.1f} {:.1f}L{}Z", x, y, outer);
+        _svg += fmt::format("<path d=\"{}\" fill=\"{}\" stroke=\"#fff\"/>", path, color);
     }
 
     /// Slices have a name each, everything else is named by series.
@@ -310,15 +321,17 @@ private:
 
 } // namespace
 
-std::string makeChartImage(const DOM::ChartSpace& chart, float width, float height)
+std::string makeChartImage(const DOM::ChartSpace& chart, float width, float height, ChartGround ground)
 {
     std::string title;
     if (chart.getTitle())
         title = chart.getTitle()->getShownText().value_or(std::string());
-    std::string svg = fmt::format(
-        "<svg role=\"img\" aria-label=\"{}\" viewBox=\"0 0 {:.1f} {:.1f}\" font-size=\"9\" "
-        "preserveAspectRatio=\"none\"><rect width=\"100%\" height=\"100%\" fill=\"#fff\" stroke=\"#bbb\"/>",
-        escapeHtml(title.empty() ? "Chart" : title), width, height);
+    std::string svg =
+        fmt::format("<svg role=\"img\" aria-label=\"{}\" viewBox=\"0 0 {:.1f} {:.1f}\" font-size=\"9\" "
+                    "preserveAspectRatio=\"none\">",
+            escapeHtml(title.empty() ? "Chart" : title), width, height);
+    if (ground == ChartGround::Box)
+        svg += "<rect width=\"100%\" height=\"100%\" fill=\"#fff\" stroke=\"#bbb\"/>";
     const double top = title.empty() ? 8 : TitleHeight + 4;
     if (!title.empty())
         svg += fmt::format("<text x=\"{:.1f}\" y=\"16\" text-anchor=\"middle\" font-size=\"13\">{}</text>",

@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <FilterUtils/FU_Text.h>
+
 namespace QV::Filters {
 namespace {
 
@@ -93,6 +95,16 @@ std::string quoteCss(const std::string& text)
             result += c;
     }
     return result + '"';
+}
+
+std::string makePageHead(const std::string& title)
+{
+    return fmt::format("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n"
+                       "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
+                       "style-src 'unsafe-inline'; img-src data:\">\n"
+                       "<meta name=\"viewport\" content=\"width=device-width\">\n"
+                       "<meta name=\"generator\" content=\"{}\">\n<title>{}</title>\n<style>",
+        escapeHtml(FilterUtils::getApplicationFullNameAndVersion("Filters")), escapeHtml(title));
 }
 
 } // namespace QV::Filters

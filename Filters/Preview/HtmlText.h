@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// Text from strangers on its way into a page.
+/// Text from strangers on its way into a page, and how every page begins.
 
 #include <string>
 
@@ -17,5 +17,11 @@ FILTERS_API std::string escapeHtml(const std::string& text);
 
 /// A name as a quoted string of CSS, fit for a style sheet inside a page.
 FILTERS_API std::string quoteCss(const std::string& text);
+
+/// The begin of a page up to its style sheet, which the caller goes on with: a page loads nothing, and says
+/// what wrote it.
+///
+/// @param title as it stands in the document; may hold anything
+FILTERS_API std::string makePageHead(const std::string& title);
 
 } // namespace QV::Filters

@@ -3,7 +3,10 @@
 #include <map>
 #include <string>
 
+#include <boost/optional.hpp>
+
 #include <Filters/Package/Export.h>
+#include <Utils/Public/Size2D.h>
 
 namespace QV::DOM {
 class Picture;
@@ -28,9 +31,13 @@ public:
     /// does not run. Valid as long as this object.
     const std::string& getUri(const DOM::Picture& picture);
 
+    /// The size in points, as far as readPictureSize finds it in the first megabyte.
+    boost::optional<Size2D<float>> findSize(const DOM::Picture& picture);
+
 private:
     FilterUtils::MediaStorage& _storage;
     std::map<std::string, std::string> _uris; // by the pictures' ids
+    std::map<std::string, boost::optional<Size2D<float>>> _sizes;
 };
 
 } // namespace QV::Filters

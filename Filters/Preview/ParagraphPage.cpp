@@ -15,6 +15,7 @@
 #include <DOM/Public/ParagraphStyle.h>
 #include <DOM/Public/Run.h>
 #include <DOM/Public/RunProps.h>
+#include <DOM/Public/RunStyle.h>
 #include <Filters/Package/EffectiveFormats.h>
 #include <Filters/Package/ListLabels.h>
 #include <Filters/Package/SeenText.h>
@@ -32,6 +33,42 @@ namespace {
 constexpr unsigned long HeadingElementsCount = 6; // h1 to h6
 constexpr unsigned long HeadingLevelsCount = 9;
 
+/// The properties of a paragraph, with less space between the lines of a shrunk text.
+DOM::ParaProps makeShownParaProps(
+    const DOM::Paragraph& paragraph, const TextPlace& place, EffectiveFormats& formats)
+{
+    DOM::ParaProps props = formats.getParaProps(paragraph, place.scope);
+    if (place.lineSpacingReduction <= 0)
+        return props;
+    const DOM::LineSpacing single(DOM::LineSpacing::Kind::Multiple, 1);
+    const DOM::LineSpacing spacing = props.getLineSpacing().value_or(single);
+    if (spacing.getKind() == DOM::LineSpacing::Kind::Multiple)
+        props.setLineSpacing(
+            DOM::LineSpacing(spacing.getKind(), spacing.getValue() - place.lineSpacingReduction));
+    return props;
+}
+
+/// The font of a paragraph's element, which no line is lower than. On a slide, lines are as high as their own
+/// runs: it has the size of the smallest one, or of the mark where there are no runs.
+DOM::RunProps makeLineFont(const DOM::Paragraph& paragraph, const DOM::RunStyle& plain,
+    const TextPlace& place, EffectiveFormats& formats)
+{
+    if (!place.isOnSlide)
+        return formats.getRunProps(paragraph, plain, place.scope);
+    if (paragraph.getRuns().empty())
+        return formats.getRunProps(paragraph, paragraph.getParaMarkStyle(), place.scope);
+    DOM::RunProps font = formats.getRunProps(paragraph, plain, place.scope);
+    boost::optional<float> smallest;
+    for (const DOM::Run& run : paragraph.getRuns()) {
+        const auto size = formats.getRunProps(paragraph, run.getStyle(), place.scope).getFontSize();
+        if (!size)
+            return font; // what has no size of its own takes that of the element
+        smallest = smallest ? std::min(*smallest, *size) : *size;
+    }
+    font.setFontSize(smallest);
+    return font;
+}
+
 /// Writes one paragraph.
 class ParagraphWriter
 {
@@ -42,8 +79,8 @@ public:
         , _place(place)
         , _context(context)
         , _page(page)
-        , _props(context.formats.getParaProps(paragraph, place.scope))
-        , _font(context.formats.getRunProps(paragraph, _plain.getStyle(), place.scope))
+        , _props(makeShownParaProps(paragraph, place, context.formats))
+        , _font(makeLineFont(paragraph, _plain.getStyle(), place, context.formats))
     {
     }
 
@@ -137,8 +174,13 @@ private:
         std::string css = isHanging ? fmt::format("min-width:{};", makePointsCss(hanging)) : std::string();
         css += makeRunCss(_context.formats.getLabelProps(_paragraph, _place.scope), _font);
         const std::string name = _context.styles.getClass(css);
-        _page += fmt::format(
+        const std::string element = fmt::format(
             "<span class=\"label{}{}\">{}</span>", name.empty() ? "" : " ", name, escapeHtml(label));
+        // A word joiner keeps a word that is longer than its line beside the label; next to a box it does so
+        // only where there are no breaks.
+        _page += isHanging && _place.isOnSlide
+                     ? fmt::format("<span class=\"joined\">{}&#8288;</span>", element)
+                     : element;
         if (suffix == DOM::NumberingLevel::Suffix::Space)
             _page += ' ';
         else if (suffix == DOM::NumberingLevel::Suffix::Tab && !isHanging)

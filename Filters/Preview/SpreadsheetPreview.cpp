@@ -109,11 +109,7 @@ void writeSpreadsheetPreview(
     if (tabs.empty())
         body = "<p class=\"note\">There are no sheets with cells here.</p>\n";
 
-    out << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n"
-           "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
-           "'unsafe-inline'; "
-           "img-src data:\">\n<meta name=\"viewport\" content=\"width=device-width\">\n<title>"
-        << escapeHtml(title) << "</title>\n<style>" << PageCss << makeTabsCss(tabs);
+    out << makePageHead(title) << PageCss << makeTabsCss(tabs);
     for (const std::string& rule : styles.getRules())
         out << rule << '\n';
     out << "</style></head>\n<body>\n" << makeTabs(tabs) << body << "</body></html>\n";

@@ -94,10 +94,18 @@ struct TextPlace
     ListLabels& labels; ///< of the story
     float width;        ///< of the column, in points
     CellScope scope = {};
-    unsigned depth = 0; ///< of tables, text boxes and tables of contents
+    unsigned depth = 0;     ///< of tables, text boxes and tables of contents
+    bool isOnSlide = false; ///< where lines are as high as their own runs, and not as their paragraph's mark
+    float lineSpacingReduction = 0; ///< of shrunk text on a slide: taken from multiple line spacings
 
     /// A place of that width inside of this one.
-    TextPlace makeInner(float innerWidth) const { return {labels, innerWidth, scope, depth + 1}; }
+    TextPlace makeInner(float innerWidth) const
+    {
+        TextPlace inner = *this;
+        inner.width = innerWidth;
+        ++inner.depth;
+        return inner;
+    }
 };
 
 } // namespace QV::Filters

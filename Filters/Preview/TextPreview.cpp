@@ -162,11 +162,7 @@ void writeTextPreview(
     writeNotes(PaperSize().getTextWidth(), context, body);
     body += makeClosingNotes(context);
 
-    out << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n"
-           "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
-           "'unsafe-inline'; "
-           "img-src data:\">\n<meta name=\"viewport\" content=\"width=device-width\">\n<title>"
-        << escapeHtml(title) << "</title>\n<style>" << TextPageCss;
+    out << makePageHead(title) << TextPageCss;
     for (const std::string& rule : styles.getRules())
         out << rule << '\n';
     out << "</style></head>\n<body>\n<main>\n" << body << "</main>\n</body></html>\n";

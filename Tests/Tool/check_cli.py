@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Holds `qvfilter import` to its contract: exit statuses, streams, outputs, order of keys, repeatability.
 
-Text documents have check_text_cli.py, what it prints for a person has check_summary.py, and `qvfilter convert` has
-check_convert.py.
+Text documents have check_text_cli.py, presentations check_slides_cli.py; what it prints for a person has
+check_summary.py, and `qvfilter convert` has check_convert.py.
 
 Usage: check_cli.py QVFILTER SAMPLES_FOLDER [unittest options]
 """

@@ -13,9 +13,10 @@ import urllib.parse
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent.parent / "Samples"))
 # pylint: disable=wrong-import-position
+import deck
 import report
 from cli_case import UUID, Case, main
-from package_parts import CONTENT_TYPES, HEAD, relations, write_package
+from package_parts import write_package
 
 TEXT = """\
 A harbour\u2019s year
@@ -48,7 +49,136 @@ the harbour master
 [1] By 1.5 \u00b0C.
 """
 
+SLIDES_TEXT = """\
+A harbour\u2019s year
+Report of the harbour office, 2024
+
+The year in short
+\u2022 The harbour was busier than ever, and colder
+\u2013 409 ships at the north quay
+\u2013 none at the south quay: under repair
+\u2022 What is to be done
+1. Dredge the channel
+a) north of the light
+b) south of it
+2. Mend the southern quay
+More at the office.
+Harbour office
+2
+
+What shapes can be
+Gradient
+Shadow
+In space
+30\u00b0
+A group
+From
+To
+Harbour office
+3
+
+Tides and quays
+Quay\tShips\tTonnes
+North\t211\t84,300
+198\t79,150
+South\tnone: under repair
+The tides of one week
+Harbour office
+4
+Notes:
+Say that the southern quay opens again in spring.
+The table counts ships that left.
+
+Ships by season
+Every season was better than the year before.
+Back to the start
+Harbour office
+5
+
+Kept for questions
+\u2022 The quay was closed in May
+\u2013 for eleven days
+"""
+
 # {} stand for the places of pictures.
+SLIDES_MARKDOWN = """\
+## A harbour\u2019s year
+
+Report of the harbour office, **2024**
+
+## The year in short
+
+- The harbour was *busier* than ever, and **colder**
+  - 409 ships at the north quay
+  - none at the south quay: under repair
+- What is to be done
+1. Dredge the channel
+   - a) north of the light
+   - b) south of it
+2. Mend the southern quay
+
+More at [the office](<https://harbour.example/>).
+
+Harbour office
+
+2
+
+## What shapes can be
+
+Gradient
+
+Shadow
+
+In space
+
+30\u00b0
+
+A group
+
+From
+
+To
+
+Harbour office
+
+3
+
+## Tides and quays
+
+![The tides of one week](<{}>)
+
+| **Quay** | **Ships** | **Tonnes** |
+| --- | --- | --- |
+| North | 211 | 84,300 |
+|  | 198 | 79,150 |
+| South | *none: under repair* |
+
+*The tides of one week*
+
+Harbour office
+
+4
+
+> Say that the southern quay opens again in spring.
+>
+> The table counts ships that *left*.
+
+## Ships by season
+
+Every season was better than the year before.
+
+Back to the start
+
+Harbour office
+
+5
+
+## Kept for questions
+
+- The quay was closed in May
+  - for eleven days
+"""
+
 MARKDOWN = """\
 # A harbour\u2019s year
 
@@ -145,8 +275,18 @@ class Text(Case):
                     else:
                         path.unlink()
 
+    def test_slides_are_told_one_by_one(self):
+        self.assertEqual(self.convert(self.deck, "deck.txt"), SLIDES_TEXT)
+        self.assertEqual(self.convert(self.deck, "deck.md"),
+                         SLIDES_MARKDOWN.replace("![The tides of one week](<{}>)", "\\[Picture 3\\]"))
+        text = self.convert(self.deck, "deck.md", "--media", "pictures")
+        self.assertEqual(PICTURE.sub(lambda match: match[0].replace(match[1], "{}"), text), SLIDES_MARKDOWN)
+        self.assertEqual([(self.folder / link).read_bytes() for link in PICTURE.findall(text)],
+                         [deck.parts()["ppt/media/tides.png"]])
+        self.assert_only("deck.txt", "deck.md", "pictures")
+
     def test_page_is_that_of_preview(self):
-        for document in (self.report, self.orders):
+        for document in (self.report, self.orders, self.deck):
             page = self.expect(0, "preview", document, "-o", "-").stdout
             self.assertEqual(self.convert(document, "page.html").encode(), page)
             self.assertEqual(self.convert(document, "page.html", "--media", "media").encode(), page)
@@ -154,7 +294,7 @@ class Text(Case):
             shutil.rmtree(self.folder / "media")
 
     def test_json_is_the_model_of_import(self):
-        for document in (self.report, self.orders):
+        for document in (self.report, self.orders, self.deck):
             model = self.expect(0, "import", document, "--model", "-").stdout.decode()
             self.assertNotEqual(without_ids(model), model)
             self.assertEqual(without_ids(self.convert(document, "model.json")), without_ids(model))
@@ -172,11 +312,13 @@ class Text(Case):
             self.assert_only()
 
     def test_same_document_gives_the_same_bytes(self):
-        for name in ("report.txt", "report.md", "report.html"):
-            self.assertEqual(self.convert(self.report, name), self.convert(self.report, name), name)
+        for document in (self.report, self.deck):
+            for extension in ("txt", "md", "html"):
+                name = f"out.{extension}"
+                self.assertEqual(self.convert(document, name), self.convert(document, name), (document, name))
 
     def test_report_is_that_of_import(self):
-        for document in (self.report, self.orders, self.samples / "bad-values.xlsx"):
+        for document in (self.report, self.orders, self.deck, self.samples / "bad-values.xlsx"):
             told = self.expect(0, "import", document, "--report", "-").stdout
             self.convert(document, "page.html", "--report", "report.json")
             self.assertEqual((self.folder / "report.json").read_bytes(), told)
@@ -252,16 +394,13 @@ class Failures(Case):
         cut = report.parts()
         cut["word/document.xml"] = cut["word/document.xml"][:3000]
         write_package(self.folder / "cut.docx", cut)
-        write_package(self.folder / "slides.pptx", {
-            "[Content_Types].xml": f'{HEAD}<Types xmlns="{CONTENT_TYPES}"><Default Extension="rels" ContentType='
-                                   '"application/vnd.openxmlformats-package.relationships+xml"/></Types>',
-            "_rels/.rels": relations([("rId1", "officeDocument", "ppt/presentation.xml")]),
-            "ppt/presentation.xml": f"{HEAD}<presentation/>",
-        })
+        cut = deck.parts()
+        cut["ppt/presentation.xml"] = cut["ppt/presentation.xml"][:1000]
+        write_package(self.folder / "slides.pptx", cut)
         (self.folder / "harm.docx").write_bytes(b"no package")
         for name, said in (("none.docx", "none.docx"), ("harm.docx", "harm.docx"),
                            ("cut.docx", 'part "word/document.xml" is not well-formed XML'),
-                           ("slides.pptx", "a presentation; only workbooks and text documents can be read")):
+                           ("slides.pptx", 'part "ppt/presentation.xml" is not well-formed XML')):
             for extension in (".txt", ".md", ".html", ".json"):
                 with self.subTest((name, extension)):
                     outcome = self.expect(1, "convert", name, f"out{extension}", "--media", "media", "--report", "-")

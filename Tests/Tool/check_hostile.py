@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Feeds packages that were made to do harm to the program, and watches it.
 
-Usage: check_hostile.py QVFILTER [--only NAME] [--kind xlsx|docx] [--keep FOLDER]
-Each package is imported, and asked for its links; text documents become a page, Markdown and plain text too. They are
+Usage: check_hostile.py QVFILTER [--only NAME] [--kind xlsx|docx|pptx] [--keep FOLDER]
+Each package is imported, and asked for its links; text documents and presentations become a page, Markdown and plain text too. They are
 made anew in a temporary folder; --keep writes them to FOLDER for a closer look.
 """
 import argparse
@@ -16,10 +16,13 @@ import file_trace
 import hostile_drawings
 import hostile_packages
 import hostile_parts
+import hostile_slides
 import hostile_texts
 from compare_rules import compare_model
+from compare_slides import compare_model as compare_slides
 from compare_texts import compare_model as compare_texts
 from sheet_reader import WorkbookReader
+from slide_reader import SlideReader
 from text_reader import TextReader
 from tool_runner import allowance
 from watched_import import Watcher
@@ -35,6 +38,8 @@ def problems_of(case, watcher, path):
     def compare(verdict, media):
         if not case.compare and not case.like:
             return []
+        if case.suffix == "pptx":
+            return [str(tuple(found)) for found in compare_slides(verdict.model, SlideReader(io.BytesIO(content))).found]
         if case.suffix == "docx":
             return [str(tuple(found)) for found in compare_texts(verdict.model, TextReader(io.BytesIO(content))).found]
         sheets = WorkbookReader(io.BytesIO(case.like() if case.like else content)).sheets
@@ -42,7 +47,7 @@ def problems_of(case, watcher, path):
 
     verdict = watcher.watch(path, compare)
     problems = verdict.problems + [f"links: {problem}" for problem in watcher.watch_links(path).problems]
-    for output in OUTPUTS if case.suffix == "docx" else ():
+    for output in OUTPUTS if case.suffix != "xlsx" else ():
         problems += [f"{output}: {problem}" for problem in watcher.watch_output(path, output).problems]
     if verdict.status not in case.statuses:
         problems.append(f"expected status {sorted(case.statuses)}, got {verdict.status}: {verdict.line[:300]!r}")
@@ -56,10 +61,11 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("program")
     parser.add_argument("--only", default="")
-    parser.add_argument("--kind", choices=("xlsx", "docx"), help="one kind of package alone, so that both run at once")
+    parser.add_argument("--kind", choices=("xlsx", "docx", "pptx"), help="one kind of package alone, so that several run at once")
     parser.add_argument("--keep", type=pathlib.Path)
     options = parser.parse_args()
-    cases = [case for case in hostile_packages.CASES + hostile_parts.CASES + hostile_drawings.CASES + hostile_texts.CASES
+    modules = (hostile_packages, hostile_parts, hostile_drawings, hostile_texts, hostile_slides)
+    cases = [case for module in modules for case in module.CASES
              if options.only in case.name and options.kind in (None, case.suffix)]
     if not file_trace.STRACE:
         print("strace is not installed: system calls are not watched")

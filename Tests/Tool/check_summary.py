@@ -9,9 +9,10 @@ import sys
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent.parent / "Samples"))
 # pylint: disable=wrong-import-position
+import deck
 import report
 from cli_case import Case, main
-from package_parts import STYLES, workbook, write_package
+from package_parts import STYLES, relations, workbook, write_package
 from tool_runner import allowance
 
 REPORT = """\
@@ -25,6 +26,19 @@ It begins:
   1.1. What came in 1
   2. What is to be done 2
   1. The year
+"""
+
+DECK = """\
+: a presentation of 6 slides of 960 x 540 points
+  masters layouts   shapes connectors pictures  tables  charts  others   notes  hidden
+        1       2       32          2        1       1       1       0       1       1
+It begins:
+  1. A harbour\u2019s year
+  2. The year in short
+  3. What shapes can be
+  4. Tides and quays
+  5. Ships by season
+  6. Kept for questions (hidden)
 """
 
 
@@ -143,6 +157,52 @@ class TextDocuments(Case):
         props = '<w:tabs><w:tab w:val="right" w:leader="dot" w:pos="9062"/></w:tabs>'
         text = self.summary_of(report.paragraph(report.run("one"), props=props) * 2)
         self.assertIn("\nLeft out: leaders of tabs\nNo messages.\n", text)
+
+
+class Presentations(Case):
+    def summary_of(self, *slides, size=(960, 540)):
+        """slides: the shapes of each, and its attributes."""
+        parts = {name: body for name, body in deck.parts().items() if not name.startswith("ppt/slides/")}
+        parts["[Content_Types].xml"] = deck.content_types(len(slides))
+        for number, (shapes, attributes) in enumerate(slides, 1):
+            parts[f"ppt/slides/slide{number}.xml"] = deck.slide(shapes, attributes=attributes)
+            parts[f"ppt/slides/_rels/slide{number}.xml.rels"] = relations(
+                [("rId1", "slideLayout", "../slideLayouts/slideLayout2.xml")])
+        parts["ppt/_rels/presentation.xml.rels"] = relations(
+            [("rId1", "slideMaster", "slideMasters/slideMaster1.xml")]
+            + [(f"rId{10 + number}", "slide", f"slides/slide{number}.xml") for number in range(1, len(slides) + 1)])
+        parts["ppt/presentation.xml"] = deck.presentation(len(slides)).replace(
+            f'cx="{deck.emu(deck.WIDTH)}" cy="{deck.emu(deck.HEIGHT)}"',
+            f'cx="{deck.emu(size[0])}" cy="{deck.emu(size[1])}"')
+        write_package(self.folder / "slides.pptx", parts)
+        outcome = self.expect(0, "import", "slides.pptx")
+        self.assertEqual(outcome.stderr, b"")
+        return outcome.stdout.decode()
+
+    def test_summary_counts_what_is_on_the_slides_and_shows_their_titles(self):
+        text = self.expect(0, "import", self.deck).stdout.decode()
+        self.assertTrue(text.startswith(f"{self.deck}{DECK}"), text)
+        self.assert_only()
+
+    def test_summary_goes_by_what_is_seen(self):
+        hidden = deck.shape(9, "Unseen", extra=' hidden="1"', text=deck.text_body(deck.paragraph(deck.run("unseen"))))
+        text = self.summary_of((deck.title("x" * 200) + hidden, ""), (deck.title(" "), ' show="0"'),
+                               (deck.title("a\u009b31mb") + deck.group(), ""), size=(400, 300.5))
+        self.assertIn(": a presentation of 3 slides of 400 x 300.5 points\n", text)
+        self.assertIn(f"\n  {1:>7} {2:>7} {5:>8} {0:>10} {0:>8} {0:>7} {0:>7} {0:>7} {0:>7} {1:>7}\n", text)
+        self.assertIn("\nIt begins:\n  1. " + "x" * 75 + "\u2026\n  2. (no title) (hidden)\n"
+                      "  3. a\\xC2\\x9B31mb\n", text)
+        self.assertNotIn("unseen", text)
+
+    def test_summary_shows_six_titles(self):
+        text = self.summary_of(*[(deck.title(f"slide {i}"), "") for i in range(1, 9)])
+        self.assertIn("\nIt begins:\n" + "".join(f"  {i}. slide {i}\n" for i in range(1, 7)), text)
+        self.assertNotIn("slide 7", text)
+
+    def test_summary_of_no_slides_shows_no_beginning(self):
+        text = self.summary_of()
+        self.assertIn(": a presentation of 0 slides of 960 x 540 points\n", text)
+        self.assertNotIn("It begins", text)
 
 
 if __name__ == "__main__":

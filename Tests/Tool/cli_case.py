@@ -21,6 +21,7 @@ class Case(unittest.TestCase):
         self.folder = pathlib.Path(folder.name).resolve()
         self.orders = self.samples / "orders.xlsx"
         self.report = self.samples / "report.docx"
+        self.deck = self.samples / "deck.pptx"
 
     def call(self, *arguments, **options):
         options.setdefault("timeout", 60 * allowance(self.program).time)

@@ -1,4 +1,4 @@
-"""What the comparisons of text documents share: their runs over a corpus, and lists of the differences that are known.
+"""What the comparisons of text documents and presentations share: their runs over a corpus, and lists of the differences that are known.
 
 A list is tab-separated: file, what and how often ("text 2"), reason. It is exact: a row that does not occur any more
 fails as a new difference does.
@@ -69,17 +69,24 @@ def read_options(description):
     return parser.parse_args()
 
 
-def documents(options):
-    """The documents of the folder docx, or of the folder itself."""
-    folder = options.folder / "docx" if (options.folder / "docx").is_dir() else options.folder
-    return sorted(path for path in folder.glob("*.doc[xm]") if options.only in path.name)
+TEXTS = ("docx", "*.doc[xm]", "text documents")
 
 
-def compare_all(options, compare_file):
-    """Compares each document by compare_file(program, path), which gives differences and counts; the exit status."""
-    paths = documents(options)
+def documents(options, kind=TEXTS):
+    """The documents of the folder of their kind, or of the folder itself."""
+    name, pattern, _ = kind
+    folder = options.folder / name if (options.folder / name).is_dir() else options.folder
+    return sorted(path for path in folder.glob(pattern) if options.only in path.name)
+
+
+def compare_all(options, compare_file, kind=TEXTS):
+    """Compares each document by compare_file(program, path), which gives differences and counts; the exit status.
+
+    kind: the folder of the documents, what their names are like, and what they are called.
+    """
+    paths = documents(options, kind)
     if not paths:
-        return skip(f"no text documents in {options.folder}")
+        return skip(f"no {kind[2]} in {options.folder}")
     expected, wrong, counts = read_expected(options.expected), 0, collections.Counter()
     with concurrent.futures.ProcessPoolExecutor(options.jobs) as pool:
         for path, (found, counted) in zip(paths, pool.map(compare_file, [options.program] * len(paths), paths)):

@@ -4,14 +4,20 @@
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <FilterUtils/FU_Text.h>
 #include <Filters/Package/SafeLink.h>
 
 #include <Filters/Preview/StyleSheet.h>
 
 namespace QV::Filters {
 namespace {
+
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 struct TextRow
 {
@@ -101,6 +107,16 @@ TEST(Css, NamesCannotLeaveTheirString)
     EXPECT_EQ(quoteCss("a\"}\\"), "\"a\\22 }\\5c \"");
     EXPECT_EQ(quoteCss("</style>\n"), "\"\\3c /style\\3e \\a \"");
     EXPECT_EQ(quoteCss("'&"), "\"\\27 \\26 \"");
+}
+
+TEST(PageHead, LoadsNothingAndSaysWhatWroteIt)
+{
+    const std::string head = makePageHead("a <b>");
+    EXPECT_THAT(head, StartsWith("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n"));
+    EXPECT_THAT(head, HasSubstr("content=\"default-src 'none'; style-src 'unsafe-inline'; img-src data:\">"));
+    EXPECT_THAT(head, HasSubstr("<meta name=\"generator\" content=\"" +
+                                FilterUtils::getApplicationFullNameAndVersion("Filters") + "\">\n"));
+    EXPECT_THAT(head, EndsWith("<title>a &lt;b&gt;</title>\n<style>"));
 }
 
 TEST(StyleSheet, KeepsEachRuleOnce)
