@@ -77,6 +77,7 @@ public:
             return readForeignObject(foreign);
         const XMLElement diagram = findData(Vocabulary::Diagram, "relIds");
         if (diagram.isValid())
+            // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the pointer moves to its second base
             return readSlideDiagram(readRelationshipId(diagram, "dm"));
         const std::string kind = _data.getAttributeValue("uri").value_or(std::string());
         const bool isChart = kind.find("/chartex") != std::string::npos;

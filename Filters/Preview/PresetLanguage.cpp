@@ -141,7 +141,7 @@ public:
                 return formula;
             const std::string left = _guides.makeOperand(formula);
             const std::string right = _guides.makeOperand(readProduct());
-            formula = isDifference ? "+- " + left + " 0 " + right : "+- " + left + " " + right + " 0";
+            formula = fmt::format(isDifference ? "+- {} 0 {}" : "+- {} {} 0", left, right);
         }
     }
 
@@ -155,11 +155,9 @@ private:
                 return formula;
             const std::string left = _guides.makeOperand(formula);
             const std::string right = _guides.makeOperand(readFactor());
-            if (isQuotient)
-                formula = "*/ " + left + " 1 " + right;
-            else
-                formula =
-                    "*/ " + left + " " + right + " " + (skip('/') ? _guides.makeOperand(readFactor()) : "1");
+            const std::string divisor = !isQuotient && skip('/') ? _guides.makeOperand(readFactor()) : "1";
+            formula = isQuotient ? fmt::format("*/ {} 1 {}", left, right)
+                                 : fmt::format("*/ {} {} {}", left, right, divisor);
         }
     }
 

@@ -48,6 +48,7 @@ struct SolidFill : ValueStruct<SolidFill>
 };
 
 /// Colours that go over into one another.
+// NOLINTNEXTLINE(clang-analyzer-core.uninitialized.Assign): the analyzer does not see what an optional holds
 struct GradientFill : ValueStruct<GradientFill>
 {
     enum class Kind : std::uint8_t
@@ -77,6 +78,7 @@ struct GradientFill : ValueStruct<GradientFill>
 };
 
 /// A picture of the media storage.
+// NOLINTNEXTLINE(clang-analyzer-core.uninitialized.Assign): the analyzer does not see what an optional holds
 struct PictureFill : ValueStruct<PictureFill>
 {
     std::string mediaId;

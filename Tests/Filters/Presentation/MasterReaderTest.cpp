@@ -240,7 +240,7 @@ TEST_F(ReadMasters, WhatIsTakenOverFollowsTheMappingOfWhoTakesItOver)
     import();
     ASSERT_THAT(listSlides(), SizeIs(4));
     EXPECT_THAT(describeLooks(0), ElementsAre("t on 238 238 238: 17 17 17", "free on : 17 17 17"));
-    for (const std::size_t slide : {1, 2, 3})
+    for (const std::size_t slide : {1U, 2U, 3U})
         EXPECT_THAT(describeLooks(slide), ElementsAre("t on 17 17 17: 238 238 238", "free on : 238 238 238"))
             << slide;
     EXPECT_EQ(getFillText(findStyle("M")->getShapeProps()), "238 238 238");
